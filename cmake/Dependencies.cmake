@@ -1,0 +1,14 @@
+# What the system stands on, each as one target.
+
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS richtext html xml core base)
+add_library(toolkit INTERFACE)
+target_include_directories(toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
+target_compile_definitions(toolkit INTERFACE ${wxWidgets_DEFINITIONS})
+target_compile_options(toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
+target_link_libraries(toolkit INTERFACE ${wxWidgets_LIBRARIES})
+
+pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo)
+pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil libswscale)
