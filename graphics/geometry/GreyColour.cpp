@@ -1,0 +1,13 @@
+#include "graphics/geometry/GreyColour.h"
+
+#include "graphics/geometry/Truncate.h"
+
+namespace graphics {
+
+wxColour GreyColour(const wxColour& colour, double redWeight, double greenWeight, double blueWeight) {
+  const double sum = colour.Red() * redWeight + colour.Green() * greenWeight + colour.Blue() * blueWeight + 0.5;
+  const auto grey = static_cast<unsigned char>(TruncateToInt(sum) & 0xFF);
+  return wxColour(grey, grey, grey, colour.Alpha());
+}
+
+}  // namespace graphics
