@@ -1,5 +1,6 @@
 #include "foundation/Object.h"
 
+#include "foundation/ClassName.h"
 #include "foundation/String.h"
 
 namespace orlo {
@@ -13,7 +14,6 @@ constexpr std::int32_t kDestroyingCount = -1000000;
 }  // namespace
 
 void CReferencable::end() const {
-  std::atomic_thread_fence(std::memory_order_acquire);
   count_.store(kDestroyingCount, std::memory_order_relaxed);
   destroy();
 }
@@ -24,6 +24,10 @@ void CReferencable::destroy() const {
 
 bool CObject::queryCast(const std::type_info&, IBase**, CastLink**) {
   return true;
+}
+
+String CObject::getDescription() const {
+  return className(typeid(*this)) + " object";
 }
 
 }  // namespace orlo

@@ -70,13 +70,9 @@ public:
   using detail::TCounted<T>::TCounted;
   P() = default;
   template <class U>
-    requires std::is_convertible_v<U*, T*>
-  P(const P<U>& other) : detail::TCounted<T>(other.get()) {}
+  requires std::is_convertible_v<U*, T*> P(const P<U>& other) : detail::TCounted<T>(other.get()) {}
   template <class U>
-    requires std::is_convertible_v<U*, T*>
-  P(P<U>&& other) {
-    this->attach(other.detach());
-  }
+  requires std::is_convertible_v<U*, T*> P(P<U>&& other) { this->attach(other.detach()); }
 };
 
 /// Counted reference to an object that its holder only reads. P converts to PC, never back.
@@ -86,16 +82,11 @@ public:
   using detail::TCounted<const T>::TCounted;
   PC() = default;
   template <class U>
-    requires std::is_convertible_v<const U*, const T*>
-  PC(const PC<U>& other) : detail::TCounted<const T>(other.get()) {}
+  requires std::is_convertible_v<const U*, const T*> PC(const PC<U>& other) : detail::TCounted<const T>(other.get()) {}
   template <class U>
-    requires std::is_convertible_v<const U*, const T*>
-  PC(const P<U>& other) : detail::TCounted<const T>(other.get()) {}
+  requires std::is_convertible_v<const U*, const T*> PC(const P<U>& other) : detail::TCounted<const T>(other.get()) {}
   template <class U>
-    requires std::is_convertible_v<const U*, const T*>
-  PC(P<U>&& other) {
-    this->attach(other.detach());
-  }
+  requires std::is_convertible_v<const U*, const T*> PC(P<U>&& other) { this->attach(other.detach()); }
 };
 
 /// A pointer that is counted only if it is strong. A frail one observes: nothing tells it that its object has died,
