@@ -1,0 +1,108 @@
+#pragma once
+
+#include "foundation/Comparable.h"
+#include "foundation/TextOperations.h"
+
+#include <compare>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace orlo {
+
+/// An immutable text in an encoding of its own. Implementations say where the text is, everything else follows from
+/// that.
+class IString : public virtual IComparable, public TTextOperations<IString> {
+public:
+  using IComparable::compare;
+  using TTextOperations<IString>::compare;
+
+  /// The view lives as long as this object.
+  virtual CTextView view() const = 0;
+  /// True for the null strings only, which are empty texts that stand for "no value".
+  virtual bool isNull() const = 0;
+  /// True if the encoding's terminator stands behind the text.
+  virtual bool isTerminated() const = 0;
+  /// This object if it is terminated, else a terminated copy.
+  virtual P<IString> toTerminated() = 0;
+};
+
+/// The handle that all code passes around. One pointer wide; a copy is a reference. Never refers to nothing.
+class String : public TTextOperations<String> {
+public:
+  /// The shared empty string, in UTF-8. It is not null.
+  String();
+  /// The null string, in UTF-8: "no value".
+  String(std::nullptr_t);
+  /// Literals and other texts that outlive the string: they are referred to, not copied. Null gives a null string.
+  String(const char* latin1);
+  String(const wchar_t* wide);
+  String(const char16_t* utf16);
+  String(const char8_t* utf8);
+  String(const char32_t* utf32);
+  /// Null gives the null string.
+  String(P<IString> text);
+
+  String(const String&) = default;
+  String& operator=(const String&) = default;
+  String& operator=(String&& other) noexcept {
+    text_.swap(other.text_);
+    return *this;
+  }
+  ~String() = default;
+
+  const P<IString>& getObject() const { return text_; }
+  CTextView view() const { return text_->view(); }
+  bool isNull() const { return text_->isNull(); }
+  bool isTerminated() const { return text_->isTerminated(); }
+  String toTerminated() const { return text_->toTerminated(); }
+
+  /// Makes a new text in the encoding of the left side; what that encoding cannot hold is left out.
+  String& operator+=(const CTextView& other);
+  friend String operator+(const String& left, const CTextView& right);
+
+  // Of views, so that a string can be compared with everything that has a view.
+  friend bool operator==(const CTextView& left, const CTextView& right) {
+    return text::equals(left, right, text::Case::sensitive);
+  }
+  friend std::weak_ordering operator<=>(const CTextView& left, const CTextView& right) {
+    return text::compare(left, right, text::Case::sensitive) <=> 0;
+  }
+
+private:
+  P<IString> text_;
+};
+
+/// A copy of bytes in UTF-8.
+String fromUTF8(std::string_view utf8);
+/// The text in UTF-8.
+std::string toStdString(const CTextView& text);
+
+/// The text in the encoding named, terminated. A text that is so already is returned itself, a null string gives a null
+/// string, and what the encoding cannot hold is left out. toWide is UTF-16 everywhere; toWChar has the width of
+/// wchar_t.
+String toWide(const String& text);
+String toCodePage(const String& text);
+String toUTF8(const String& text);
+String toLatin1(const String& text);
+String toUTF32(const String& text);
+String toWChar(const String& text);
+
+template <class Self>
+String TTextOperations<Self>::replace(const CTextView& from, const CTextView& to) const {
+  return text::replace(view(), from, to, text::Case::sensitive);
+}
+template <class Self>
+String TTextOperations<Self>::replaceIgnoreCase(const CTextView& from, const CTextView& to) const {
+  return text::replace(view(), from, to, text::Case::ignored);
+}
+template <class Self>
+String TTextOperations<Self>::toLower() const {
+  return text::toLower(view());
+}
+template <class Self>
+String TTextOperations<Self>::toUpper() const {
+  return text::toUpper(view());
+}
+
+}  // namespace orlo
