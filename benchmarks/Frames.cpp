@@ -1,0 +1,215 @@
+#include "benchmarks/FilterInstance.h"
+#include "benchmarks/Ratios.h"
+
+extern "C" {
+#include <libavfilter/avfilter.h>
+#include <libavfilter/buffersink.h>
+#include <libavfilter/buffersrc.h>
+#include <libavutil/frame.h>
+}
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <random>
+#include <vector>
+
+namespace {
+
+constexpr int kWidth = 1920;
+constexpr int kHeight = 1080;
+constexpr int kStride = kWidth * 4;
+constexpr std::size_t kBytes = static_cast<std::size_t>(kStride) * kHeight;
+
+std::atomic<std::size_t> allocations{0};
+
+using CPicture = std::vector<std::uint8_t>;
+
+/// Two inputs to take in turn, so that each frame has a new one.
+const std::array<CPicture, 2>& inputs() {
+  static const auto pictures = [] {
+    std::array<CPicture, 2> result;
+    std::mt19937 random(1);
+    for (CPicture& picture : result) {
+      picture.resize(kBytes);
+      std::generate(picture.begin(), picture.end(), [&] { return static_cast<std::uint8_t>(random()); });
+      for (std::size_t alpha = 3; alpha < kBytes; alpha += 4) picture[alpha] = 255;
+    }
+    return result;
+  }();
+  return pictures;
+}
+
+/// Ten buttons over 10 % of the picture, half of them translucent.
+std::string tenPercent() {
+  std::string elements;
+  for (int button = 0; button < 10; ++button)
+    elements += RectangleAt(100 + (button % 5) * 360, 200 + (button / 5) * 400, 288, 72, button % 2 ? 255 : 128);
+  return PageOf(elements);
+}
+
+void setBytes(benchmark::State& state) {
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(kBytes));
+}
+
+void CopyFrame(benchmark::State& state) {
+  CPicture page(kBytes);
+  std::size_t turn = 0;
+  for (auto _ : state) {
+    std::memcpy(page.data(), inputs()[++turn % 2].data(), kBytes);
+    benchmark::DoNotOptimize(page.data());
+    benchmark::ClobberMemory();
+  }
+  setBytes(state);
+}
+
+void repaint(benchmark::State& state, const std::string& page) {
+  CFilterInstance filter(page, kWidth, kHeight);
+  filter.Open();
+  filter.Frame();
+  std::size_t turn = 0;
+  for (auto _ : state) {
+    filter.SetInput(inputs()[++turn % 2].data(), kStride);
+    benchmark::DoNotOptimize(filter.Frame());
+    benchmark::ClobberMemory();
+  }
+  setBytes(state);
+}
+
+void RepaintTenPercent(benchmark::State& state) {
+  repaint(state, tenPercent());
+}
+
+void RepaintHalfTransparent(benchmark::State& state) {
+  repaint(state, PageOf(RectangleAt(0, 0, kWidth, kHeight, 128)));
+}
+
+void RepaintEmptyPage(benchmark::State& state) {
+  repaint(state, PageOf(""));
+}
+
+void StillFrame(benchmark::State& state) {
+  CFilterInstance filter(tenPercent(), kWidth, kHeight);
+  filter.Open();
+  filter.SetInput(inputs()[0].data(), kStride);
+  filter.Frame();
+  const std::size_t before = allocations;
+  for (auto _ : state) benchmark::DoNotOptimize(filter.Frame());
+  state.counters["allocations"] = static_cast<double>(allocations - before);
+}
+
+/// FFmpeg's overlay filter with a layer that stays and a new picture below it each frame.
+class COverlay {
+public:
+  explicit COverlay(const CPicture& layer) : graph_(avfilter_graph_alloc()) {
+    const std::string size = "video_size=1920x1080:pix_fmt=bgra:time_base=1/25:pixel_aspect=1/1";
+    below_ = create("buffer", "below", size.c_str());
+    above_ = create("buffer", "above", size.c_str());
+    AVFilterContext* overlay = create("overlay", "overlay", "alpha=premultiplied:format=rgb:eof_action=repeat");
+    sink_ = create("buffersink", "sink", nullptr);
+    avfilter_link(below_, 0, overlay, 0);
+    avfilter_link(above_, 0, overlay, 1);
+    avfilter_link(overlay, 0, sink_, 0);
+    if (avfilter_graph_config(graph_, nullptr) < 0) std::abort();
+    push(above_, layer, 0);
+    if (av_buffersrc_add_frame(above_, nullptr) < 0) std::abort();
+  }
+  ~COverlay() { avfilter_graph_free(&graph_); }
+  COverlay(const COverlay&) = delete;
+  COverlay& operator=(const COverlay&) = delete;
+
+  void Frame(const CPicture& picture) {
+    push(below_, picture, ++time_);
+    AVFrame* frame = av_frame_alloc();
+    if (av_buffersink_get_frame(sink_, frame) < 0) std::abort();
+    benchmark::DoNotOptimize(frame->data[0]);
+    av_frame_free(&frame);
+  }
+
+private:
+  AVFilterContext* create(const char* filter, const char* name, const char* arguments) {
+    AVFilterContext* context = nullptr;
+    if (avfilter_graph_create_filter(&context, avfilter_get_by_name(filter), name, arguments, nullptr, graph_) < 0)
+      std::abort();
+    return context;
+  }
+  static void push(AVFilterContext* source, const CPicture& picture, std::int64_t time) {
+    AVFrame* frame = av_frame_alloc();
+    frame->format = AV_PIX_FMT_BGRA;
+    frame->width = kWidth;
+    frame->height = kHeight;
+    frame->pts = time;
+    // Read-only, as a frame is that its sender goes on using: the filter makes the one copy that it writes to.
+    frame->buf[0] = av_buffer_create(
+        const_cast<std::uint8_t*>(picture.data()), kBytes, [](void*, std::uint8_t*) {}, nullptr,
+        AV_BUFFER_FLAG_READONLY);
+    frame->data[0] = frame->buf[0]->data;
+    frame->linesize[0] = kStride;
+    if (av_buffersrc_add_frame(source, frame) < 0) std::abort();
+    av_frame_free(&frame);
+  }
+
+  AVFilterGraph* graph_;
+  AVFilterContext* below_ = nullptr;
+  AVFilterContext* above_ = nullptr;
+  AVFilterContext* sink_ = nullptr;
+  std::int64_t time_ = 0;
+};
+
+void overlay(benchmark::State& state, const std::string& page) {
+  CFilterInstance filter(page, kWidth, kHeight);
+  filter.Open();
+  CPicture layer(kBytes);
+  std::memcpy(layer.data(), filter.Frame(), kBytes);
+  COverlay ffmpeg(layer);
+  std::size_t turn = 0;
+  for (auto _ : state) ffmpeg.Frame(inputs()[++turn % 2]);
+  setBytes(state);
+}
+
+void FfmpegOverlayTenPercent(benchmark::State& state) {
+  overlay(state, tenPercent());
+}
+
+void FfmpegOverlayHalfTransparent(benchmark::State& state) {
+  overlay(state, PageOf(RectangleAt(0, 0, kWidth, kHeight, 128)));
+}
+
+BENCHMARK(CopyFrame)->UseRealTime();
+BENCHMARK(RepaintEmptyPage)->UseRealTime();
+BENCHMARK(RepaintTenPercent)->UseRealTime();
+BENCHMARK(RepaintHalfTransparent)->UseRealTime();
+BENCHMARK(StillFrame)->UseRealTime();
+BENCHMARK(FfmpegOverlayTenPercent)->UseRealTime();
+BENCHMARK(FfmpegOverlayHalfTransparent)->UseRealTime();
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* memory = std::malloc(size)) return memory;
+  throw std::bad_alloc();
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  ++allocations;
+  return std::malloc(size);
+}
+void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+int main(int argc, char** argv) {
+  return RunWithRatios(argc, argv,
+                       {{"RepaintEmptyPage", "CopyFrame", 1.4},
+                        {"RepaintTenPercent", "CopyFrame", 1.4},
+                        {"RepaintHalfTransparent", "CopyFrame", 3.0},
+                        {"RepaintTenPercent", "FfmpegOverlayTenPercent", 1.0},
+                        {"RepaintHalfTransparent", "FfmpegOverlayHalfTransparent", 1.0}});
+}

@@ -1,0 +1,62 @@
+#include "filter/Coverage.h"
+
+namespace authfilter {
+
+namespace {
+
+// A run shorter than this costs more to tell apart than to blend with its neighbours.
+constexpr std::int32_t kShortRun = 16;
+
+enum class EKind { transparent, translucent, opaque };
+
+EKind kindOf(std::uint32_t pixel) {
+  if (pixel == 0) return EKind::transparent;
+  return (pixel >> 24) == 255 ? EKind::opaque : EKind::translucent;
+}
+
+std::uint32_t pixelAt(const std::uint8_t* row, std::int32_t x) {
+  const std::uint8_t* bytes = row + static_cast<std::ptrdiff_t>(x) * 4;
+  return static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
+         static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
+}
+
+}  // namespace
+
+CCoverage::CCoverage(const graphics::CPixels& picture) {
+  rowEnds_.reserve(static_cast<std::size_t>(picture.height));
+  for (std::int32_t y = 0; y < picture.height; ++y) {
+    AddRow(picture.data + static_cast<std::ptrdiff_t>(y) * picture.stride, picture.width);
+    rowEnds_.push_back(runs_.size());
+  }
+  runs_.shrink_to_fit();
+}
+
+std::span<const CCoverage::CRun> CCoverage::Row(std::int32_t y) const {
+  const auto row = static_cast<std::size_t>(y);
+  const std::size_t begin = row == 0 ? 0 : rowEnds_[row - 1];
+  return std::span(runs_).subspan(begin, rowEnds_[row] - begin);
+}
+
+void CCoverage::AddRow(const std::uint8_t* pixels, std::int32_t width) {
+  const std::size_t rowBegin = runs_.size();
+  for (std::int32_t x = 0; x < width;) {
+    const EKind kind = kindOf(pixelAt(pixels, x));
+    const std::int32_t begin = x;
+    while (x < width && kindOf(pixelAt(pixels, x)) == kind) ++x;
+    if (kind == EKind::transparent) continue;
+
+    // Blending is right for every kind of pixel, so short runs and short gaps join what stands before them.
+    const CRun run{begin, x - begin, kind == EKind::opaque};
+    CRun* last = runs_.size() > rowBegin ? &runs_.back() : nullptr;
+    const bool near = last && begin - (last->x + last->count) < kShortRun;
+    const bool bothLong = last && last->count >= kShortRun && run.count >= kShortRun;
+    if (near && !bothLong) {
+      last->count = x - last->x;
+      last->opaque = false;
+    } else {
+      runs_.push_back(run);
+    }
+  }
+}
+
+}  // namespace authfilter

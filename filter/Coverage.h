@@ -1,0 +1,34 @@
+#pragma once
+
+#include "graphics/paint/native/BitmapPixels.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace authfilter {
+
+/// Which pixels of a picture are not fully transparent, as runs row by row. A picture that touches little of a page
+/// costs little to lay over it.
+class CCoverage {
+public:
+  struct CRun {
+    std::int32_t x = 0;
+    std::int32_t count = 0;
+    bool opaque = false;
+  };
+
+  CCoverage() = default;
+  explicit CCoverage(const graphics::CPixels& picture);
+
+  /// The runs of a row from left to right. They don't overlap.
+  std::span<const CRun> Row(std::int32_t y) const;
+
+private:
+  void AddRow(const std::uint8_t* pixels, std::int32_t width);
+
+  std::vector<CRun> runs_;
+  std::vector<std::size_t> rowEnds_;
+};
+
+}  // namespace authfilter

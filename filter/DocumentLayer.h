@@ -1,0 +1,28 @@
+#pragma once
+
+#include "filter/Coverage.h"
+#include "filter/Layer.h"
+
+#include <optional>
+
+namespace authfilter {
+
+/// A run of elements that never change. They are drawn once, at the size of the first repaint, into a picture that
+/// each repaint lays over the frame. After that a repaint takes no lock.
+class CDocumentLayer : public CLayer {
+public:
+  using CLayer::CLayer;
+  ~CDocumentLayer() override;
+
+  std::int32_t IsExclusive() const override { return 0; }
+  void Paint(CFrame& frame) override;
+
+private:
+  void Render(const graphics::CPaintContext& geometry);
+
+  std::optional<wxBitmap> cachedBitmap_;
+  std::optional<graphics::CBitmapSurface> surface_;
+  CCoverage coverage_;
+};
+
+}  // namespace authfilter

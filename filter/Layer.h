@@ -1,0 +1,36 @@
+#pragma once
+
+#include "filter/Frame.h"
+#include "foundation/Object.h"
+#include "foundation/Pointer.h"
+#include "graphics/model/GraphicDocument.h"
+
+#include <wx/string.h>
+
+#include <cstdint>
+
+namespace authfilter {
+
+/// A run of page elements that the filter paints as one.
+class CLayer : public orlo::CObject {
+public:
+  explicit CLayer(const orlo::P<graphics::CGraphicDocument>& document) : document_(document) {}
+
+  /// 1 for a layer of one element that may change from frame to frame, 0 for one that never does.
+  virtual std::int32_t IsExclusive() const = 0;
+  virtual void Paint(CFrame& frame) = 0;
+
+  /// Moves the layer's animations on by one frame of the host. True if the layer must be painted again.
+  virtual bool NextFrame() { return false; }
+  virtual void Open(const wxString& filterDir, const wxString& animationDir, const wxString& themeDir);
+  virtual void Close() {}
+  /// The next calls come from another thread.
+  virtual void NewThread() {}
+
+  const orlo::P<graphics::CGraphicDocument>& GetDocument() const { return document_; }
+
+private:
+  orlo::P<graphics::CGraphicDocument> document_;
+};
+
+}  // namespace authfilter

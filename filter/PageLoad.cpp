@@ -1,0 +1,47 @@
+#include "filter/PageLoad.h"
+
+#include "filter/FilterBase64Resource.h"
+#include "filter/InfoStore.h"
+#include "filter/LayerBuild.h"
+#include "graphics/model/GraphicDocument.h"
+
+#include <cmath>
+
+namespace authfilter {
+
+namespace {
+
+constexpr double kAspectTolerance = 0.2;
+
+orlo::P<graphics::CGraphicDocument> readDocument(const CInfoStore& store) {
+  auto document = orlo::makeObject<graphics::CGraphicDocument>();
+  if (wxXmlNode* root = store.pluginData->GetRoot()) {
+    CFilterBase64Resource resources(store.skinPath);
+    resources.SetUseFiles(true);
+    document->ReadFromXml(root, &resources);
+  }
+  return document;
+}
+
+bool fits(const graphics::CDoubleRect& page, const wxBitmap& bitmap) {
+  const double pageAspect = page.width / page.height;
+  const double bitmapAspect = static_cast<double>(bitmap.GetWidth()) / bitmap.GetHeight();
+  return std::abs(pageAspect - bitmapAspect) <= kAspectTolerance;
+}
+
+}  // namespace
+
+void LoadPage(CInfoStore& store) {
+  const auto document = readDocument(store);
+  const graphics::CDoubleRect page = document->GetPageRect();
+
+  store.pageTransform = graphics::CTransform();
+  store.pageTransform.Apply(
+      graphics::CMatrix::Scale(store.pageBitmap->GetWidth() / page.width, store.pageBitmap->GetHeight() / page.height));
+  if (!fits(page, *store.pageBitmap)) return;
+
+  store.layers = BuildLayers(*document);
+  for (const auto& layer : store.layers) layer->Open(store.filterBaseDir, store.animationBaseDir, store.themeBaseDir);
+}
+
+}  // namespace authfilter

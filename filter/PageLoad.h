@@ -1,0 +1,11 @@
+#pragma once
+
+namespace authfilter {
+
+struct CInfoStore;
+
+/// Loads the page of an instance that has its bitmap: page transform, layers, and the layers' opening. A page whose
+/// aspect ratio is more than 0.2 from the bitmap's gets no layers.
+void LoadPage(CInfoStore& store);
+
+}  // namespace authfilter
