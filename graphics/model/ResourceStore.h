@@ -1,8 +1,8 @@
 #pragma once
 
 #include "foundation/Base.h"
+#include "foundation/MemoryBlock.h"
 #include "foundation/Pointer.h"
-#include "graphics/model/ByteBuffer.h"
 #include "graphics/model/ReusableResource.h"
 
 #include <wx/bitmap.h>
@@ -29,7 +29,7 @@ public:
   /// Writes the resource into the node, or only a reference if it has been written before. Null writes nothing. Throws
   /// orlo::CException if it was written under another type.
   virtual void WriteResource(wxXmlNode& node, const wxString& type, const IReusableResource* resource) = 0;
-  virtual void WriteBuffer(wxXmlNode& node, const wxString& name, const CByteBuffer& buffer) = 0;
+  virtual void WriteBuffer(wxXmlNode& node, const wxString& name, const orlo::IMemoryBlock& buffer) = 0;
   virtual void Finish() = 0;
   virtual bool IsExternal() const = 0;
 };
@@ -42,7 +42,7 @@ public:
   virtual std::unique_ptr<wxBitmap> ReadBitmap(const wxXmlNode& node, const wxString& name, wxFileName& file) = 0;
   virtual std::unique_ptr<wxBitmap> ReadBitmapOfType(const wxXmlNode& node, const wxString& name, wxBitmapType type,
                                                      wxFileName& file) = 0;
-  virtual orlo::P<CByteBuffer> ReadBuffer(const wxXmlNode& node, const wxString& name) = 0;
+  virtual orlo::P<orlo::IMemoryBlock> ReadBuffer(const wxXmlNode& node, const wxString& name) = 0;
   /// The type name that the store gave the resource of this node; empty if none.
   virtual wxString GetResourceType(const wxXmlNode& node) = 0;
   /// Reads the node into the given resource, or gives the object that an earlier node of the same number gave. Throws
