@@ -1,0 +1,69 @@
+#include "graphics/paint/EffectGraphicsContext.h"
+
+#include "graphics/paint/MaskPictures.h"
+#include "graphics/paint/native/DrawingTarget.h"
+
+#include <wx/brush.h>
+#include <wx/pen.h>
+
+#include <cmath>
+
+namespace graphics {
+
+void TEffectGraphicsContext::DrawBitmap(const wxBitmap& bitmap, double x, double y, double w, double h) {
+  if (!bitmap.IsOk()) return;
+  if (!alphaMask) {
+    DrawBitmapInto(*context, bitmap, x, y, w, h, true);
+  } else if (bitmap.HasAlpha()) {
+    DrawBitmapInto(*context, WhiteWithAlphaOf(bitmap), x, y, w, h, true);
+  } else if (bitmap.GetMask()) {
+    DrawBitmapInto(*context, BlackAndWhiteOf(bitmap), x, y, w, h, true);
+  } else {
+    const wxColour white(255, 255, 255, 255);
+    context->SetBrush(wxBrush(white, wxBRUSHSTYLE_SOLID));
+    context->SetPen(wxPen(white, 1, wxPENSTYLE_SOLID));
+    context->DrawRectangle(x - 1.0, y - 1.0, w, h);
+  }
+}
+
+wxGraphicsMatrix TEffectGraphicsContext::CreateMatrix(double a, double b, double c, double d, double tx, double ty) {
+  return context->CreateMatrix(a, b, c, d, tx, ty);
+}
+
+wxGraphicsMatrix TEffectGraphicsContext::GetTransform() const {
+  return context->GetTransform();
+}
+
+void TEffectGraphicsContext::PushState() {
+  context->PushState();
+}
+
+void TEffectGraphicsContext::PopState() {
+  context->PopState();
+}
+
+void TEffectGraphicsContext::SetTransform(const wxGraphicsMatrix& matrix) {
+  double a = 0, b = 0, c = 0, d = 0, tx = 0, ty = 0;
+  matrix.Get(&a, &b, &c, &d, &tx, &ty);
+  const double determinant = a * d - b * c;
+  const bool usable =
+      std::isfinite(determinant) && std::isfinite(tx) && std::isfinite(ty) && std::abs(determinant) > 1e-12;
+  if (usable)
+    context->SetTransform(matrix);
+  else
+    context->Clip(0, 0, 0, 0);
+}
+
+void* TEffectGraphicsContext::GetNativeContext() const {
+  return context->GetNativeContext();
+}
+
+void TEffectGraphicsContext::Clip(double x, double y, double w, double h) {
+  context->Clip(x, y, w, h);
+}
+
+void TEffectGraphicsContext::ResetClip() {
+  context->ResetClip();
+}
+
+}  // namespace graphics

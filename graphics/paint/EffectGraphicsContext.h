@@ -1,0 +1,34 @@
+#pragma once
+
+#include "foundation/Object.h"
+
+#include <wx/dc.h>
+#include <wx/graphics.h>
+
+namespace graphics {
+
+/// The drawing that goes straight to the graphics context of a device context, with the alpha mask applied to bitmaps.
+class TEffectGraphicsContext : public orlo::CObject {
+public:
+  /// The device context must have a graphics context and outlive this object.
+  explicit TEffectGraphicsContext(wxDC* target) : context(target->GetGraphicsContext()), dc(target) {}
+
+  /// Scaled into the place with the interpolation of the native context. A place without an extent draws nothing.
+  virtual void DrawBitmap(const wxBitmap& bitmap, double x, double y, double w, double h);
+  virtual wxGraphicsMatrix CreateMatrix(double a, double b, double c, double d, double tx, double ty);
+  virtual wxGraphicsMatrix GetTransform() const;
+  virtual void PushState();
+  virtual void PopState();
+  /// A matrix that flattens everything or has no finite entries hides what is drawn until PopState.
+  virtual void SetTransform(const wxGraphicsMatrix& matrix);
+  /// For graphics/paint/native alone.
+  virtual void* GetNativeContext() const;
+  virtual void Clip(double x, double y, double w, double h);
+  virtual void ResetClip();
+
+  wxGraphicsContext* context;
+  wxDC* dc;
+  bool alphaMask = false;
+};
+
+}  // namespace graphics
