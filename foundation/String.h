@@ -75,8 +75,8 @@ private:
 
 /// A copy of bytes in UTF-8.
 String fromUTF8(std::string_view utf8);
-/// The text in UTF-8.
-std::string toStdString(const CTextView& text);
+/// The bytes of toUTF8.
+std::string toStdString(const String& text);
 
 /// The text in the encoding named, terminated. A text that is so already is returned itself, a null string gives a null
 /// string, and what the encoding cannot hold is left out. toWide is UTF-16 everywhere; toWChar has the width of

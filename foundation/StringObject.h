@@ -38,12 +38,15 @@ private:
 };
 
 /// A CString of one encoding, made from the characters as they come in literals.
-template <class Char, P<ICharEncoding>& (*encoding)()>
+template <class Char, P<ICharEncoding>& (*sharedEncoding)()>
 class TEncodedString : public CString {
 public:
+  using Unit = Char;
+  static P<ICharEncoding>& getClassEncoding() { return sharedEncoding(); }
+
   explicit TEncodedString(const Char* text, Storage storage = Storage::reference, int byteSize = -1,
                           bool terminated = true, int length = -1)
-      : CString(text, byteSize, storage, terminated, encoding(), length) {}
+      : CString(text, byteSize, storage, terminated, sharedEncoding(), length) {}
 };
 
 class CLatin1String : public TEncodedString<char, getLatin1CharEncoding> {

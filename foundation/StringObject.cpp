@@ -1,0 +1,53 @@
+#include "foundation/StringObject.h"
+
+#include "foundation/Cast.h"
+
+#include <cstring>
+
+namespace orlo {
+
+CString::CString(const void* text, int byteSize, Storage storage, bool terminated, P<ICharEncoding> encoding,
+                 int length)
+    : encoding_(std::move(encoding)) {
+  if (!text) {
+    byteSize = 0;
+    storage = Storage::copy;
+  } else if (byteSize < 0) {
+    byteSize = encoding_->measureTerminated(text);
+  }
+  data_ = static_cast<const unsigned char*>(text);
+  byteSize_ = static_cast<std::uint32_t>(byteSize);
+  terminated_ = terminated || storage == Storage::copy;
+  owned_ = storage != Storage::reference;
+  if (storage == Storage::copy) {
+    const int terminatorSize = encoding_->getEncodedSize(0);
+    auto* copy = new unsigned char[byteSize_ + static_cast<std::size_t>(terminatorSize)];
+    if (byteSize_ > 0) std::memcpy(copy, text, byteSize_);
+    encoding_->encode(0, copy + byteSize_, terminatorSize, 0);
+    data_ = copy;
+  }
+  length_ = length >= 0 ? length : encoding_->countChars(data_, byteSize, 0);
+}
+
+CString::~CString() {
+  if (owned_) delete[] data_;
+}
+
+int CString::compare(PC<IBase> other) const {
+  if (!other) return 1;
+  // The checked casts are made for objects that may change; a text does not.
+  return compare(*cast<IString>(const_cast<IBase*>(other.get())));
+}
+
+CTextView CString::view() const {
+  return {data_, static_cast<int>(byteSize_), length_, *encoding_};
+}
+
+P<IString> CString::toTerminated() {
+  if (terminated_) return this;
+  P<IString> result;
+  result.attach(new CString(data_, static_cast<int>(byteSize_), Storage::copy, true, encoding_, length_));
+  return result;
+}
+
+}  // namespace orlo

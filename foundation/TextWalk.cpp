@@ -1,0 +1,68 @@
+#include "foundation/CodePointReader.h"
+#include "foundation/TextAlgorithms.h"
+
+#include <algorithm>
+
+namespace orlo::text {
+
+namespace {
+
+using Direction = CCodePointReader::Direction;
+
+/// A position that stands where a character starts, or is the end.
+CStringPos settled(const CTextView& text, CStringPos pos) {
+  const int start = text.encoding->findValid(text.data, text.byteSize, pos.byteOffset);
+  return start < 0 ? CStringPos::end() : CStringPos{pos.index, start};
+}
+
+}  // namespace
+
+int length(const CTextView& text) {
+  return text.length >= 0 ? text.length : text.encoding->countChars(text.data, text.byteSize, 0);
+}
+
+CTextView part(const CTextView& text, CStringPos start, CStringPos end) {
+  if (start == CStringPos{} && end.isEnd()) return text;
+  const int from = start.isEnd() ? text.byteSize : std::clamp(start.byteOffset, 0, text.byteSize);
+  const int to = end.isEnd() ? text.byteSize : std::clamp(end.byteOffset, from, text.byteSize);
+  const int endIndex = end.isEnd() ? text.length : end.index;
+  const int partLength = start.isEnd() ? 0 : endIndex < 0 ? -1 : std::max(endIndex - start.index, -1);
+  return {text.data + from, to - from, partLength, *text.encoding};
+}
+
+CStringPos positionAt(const CTextView& text, int index) {
+  if (index < 0) return CStringPos::end();
+  // As many characters as bytes: each character is one byte.
+  if (text.length == text.byteSize) return index < text.length ? CStringPos{index, index} : CStringPos::end();
+  return advance(text, {}, index);
+}
+
+CStringPos advance(const CTextView& text, CStringPos pos, int count) {
+  const Direction direction = count < 0 ? Direction::backwards : Direction::forwards;
+  CCodePointReader reader(text, pos, direction);
+  for (char32_t codePoint; count != 0; count += count < 0 ? 1 : -1)
+    if (!reader.read(codePoint)) return CStringPos::end();
+  return settled(text, reader.position());
+}
+
+std::optional<char32_t> next(const CTextView& text, CStringPos& pos) {
+  char32_t codePoint;
+  const int behind = pos.isEnd() ? -1 : text.encoding->decode(codePoint, text.data, text.byteSize, pos.byteOffset);
+  if (behind < 0) {
+    pos = CStringPos::end();
+    return std::nullopt;
+  }
+  pos = settled(text, {pos.index + 1, behind});
+  return codePoint;
+}
+
+std::optional<char32_t> previous(const CTextView& text, CStringPos& pos) {
+  const CStringPos from = pos.isEnd() ? CStringPos{length(text), text.byteSize} : pos;
+  char32_t codePoint;
+  const int start = text.encoding->decodeBackwards(codePoint, text.data, text.byteSize, from.byteOffset);
+  if (start < 0) return std::nullopt;
+  pos = {from.index - 1, start};
+  return codePoint;
+}
+
+}  // namespace orlo::text
