@@ -4,6 +4,7 @@
 #include "foundation/Pointer.h"
 
 #include <cstdint>
+#include <mutex>
 #include <utility>
 
 namespace orlo {
@@ -32,6 +33,8 @@ P<IMutexFactory>& getMutexFactory();
 class CMutexLock {
 public:
   explicit CMutexLock(P<IMutex> mutex) : mutex_(std::move(mutex)) { mutex_->lock(); }
+  /// For a mutex that the caller has locked already.
+  CMutexLock(P<IMutex> mutex, std::adopt_lock_t) : mutex_(std::move(mutex)) {}
   ~CMutexLock() { mutex_->unlock(); }
   CMutexLock(const CMutexLock&) = delete;
   CMutexLock& operator=(const CMutexLock&) = delete;

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
-#include <type_traits>
+#include <utility>
 
 namespace orlo {
 
@@ -45,7 +45,7 @@ protected:
   void makeReady(void (*build)(CSingletonRecord*, void*), void* context, void (*release)(CSingletonRecord*));
 
 private:
-  void buildOnce(void (*build)(CSingletonRecord*, void*), void* context);
+  void buildOnce(void (*build)(CSingletonRecord*, void*), void* context, void (*release)(CSingletonRecord*));
   static void releaseLast();
 
   std::atomic<bool> entered_{false};
@@ -79,7 +79,7 @@ private:
   static void build(CSingletonRecord* self, void* create) {
     new (static_cast<TSingleton*>(self)->storage_) P<T>((*static_cast<Create*>(create))());
   }
-  static void drop(CSingletonRecord* self) { static_cast<TSingleton*>(self)->object().~P<T>(); }
+  static void drop(CSingletonRecord* self) { P<T> last = std::move(static_cast<TSingleton*>(self)->object()); }
 
   P<T>& object() noexcept { return *std::launder(reinterpret_cast<P<T>*>(storage_)); }
 

@@ -1,0 +1,30 @@
+#include "foundation/Error.h"
+#include "foundation/StringLocalizer.h"
+
+#include <utility>
+
+namespace orlo {
+
+namespace {
+
+String fillURI(const String& message, const PC<IURI>& uri) {
+  if (message.isNull()) return message;
+  return toUTF8(message).replace("%URI%", uri ? uri->toString() : String("<uri unknown>"));
+}
+
+String notFoundMessage(const PC<IURI>& uri) {
+  if (!uri) return localize("orlo.CFileNotFoundError.GeneralDesc", "The file was not found.");
+  const String message = localize("orlo.CFileNotFoundError.Desc", "The file '%FILE%' was not found.");
+  return toUTF8(message).replace("%FILE%", uri->toString());
+}
+
+}  // namespace
+
+CURIError::CURIError(const String& message, const String& title, PC<IURI> uri)
+    : CError(fillURI(message, uri), title), uri_(std::move(uri)) {}
+
+CFileNotFoundError::CFileNotFoundError() : CFileNotFoundError(nullptr) {}
+
+CFileNotFoundError::CFileNotFoundError(PC<IURI> uri) : CFileError(notFoundMessage(uri), "Error", uri) {}
+
+}  // namespace orlo

@@ -1,0 +1,38 @@
+#include "foundation/posix/SystemError.h"
+
+#include "foundation/Error.h"
+
+#include <cerrno>
+#include <cstring>
+
+namespace orlo {
+
+namespace {
+
+class CPathText : public CObject, public IURI {
+public:
+  explicit CPathText(const String& path) : path_(path) {}
+  String toString() const override { return path_; }
+
+private:
+  String path_;
+};
+
+// In English whatever the locale is; empty for a code that the system doesn't know.
+String systemText(int code) {
+  const char* text = strerrordesc_np(code);
+  return text ? text : "";
+}
+
+}  // namespace
+
+void throwSystemError(int code, const String& message, const String& path) {
+  if (code == ENOENT || code == ENOTDIR) {
+    if (path.isEmpty()) throw CFileNotFoundError();
+    throw CFileNotFoundError(makeObject<CPathText>(path));
+  }
+  if (message.isNull()) throw CError(systemText(code));
+  throw CError(message.replace("%ERRORDESC%", systemText(code)));
+}
+
+}  // namespace orlo
