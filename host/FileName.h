@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace host {
+
+// Whether the name ends in the extension, ".png" say, in any case.
+bool hasExtension(const std::string& path, const std::string& extension);
+
+}  // namespace host
