@@ -1,5 +1,7 @@
 #include "filter/DocumentLayer.h"
 
+#include "graphics/geometry/Truncate.h"
+
 namespace authfilter {
 
 CDocumentLayer::~CDocumentLayer() {

@@ -28,6 +28,8 @@ CFrame::CFrame(wxBitmap& bitmap, graphics::CBitmapSurface& surface, CBackground 
 
 CFrame::~CFrame() {
   SettleBackground();
+  dc_.reset();
+  surface_.Flush();
 }
 
 void CFrame::Blend(const graphics::CPixels& picture, const CCoverage& coverage) {

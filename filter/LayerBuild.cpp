@@ -9,23 +9,20 @@ namespace authfilter {
 
 namespace {
 
-constexpr std::int32_t kStatic = 0;
-constexpr std::int32_t kExclusive = 1;
-
 std::int32_t kindOf(graphics::CGraphicElement& element) {
   // A mirror shows what lies under it, and that changes with the layers below.
-  if (orlo::tryCast<graphics::CGraphicMirror>(&element)) return kExclusive;
-  return kStatic;
+  if (orlo::tryCast<graphics::CGraphicMirror>(&element)) return graphics::CGraphicLayer::kExclusive;
+  return graphics::CGraphicLayer::kStatic;
 }
 
 orlo::P<CLayer> makeLayer(std::int32_t kind, const orlo::P<graphics::CGraphicDocument>& document) {
-  if (kind == kStatic) return orlo::makeObject<CDocumentLayer>(document);
+  if (kind == graphics::CGraphicLayer::kStatic) return orlo::makeObject<CDocumentLayer>(document);
   return orlo::makeObject<CExclusiveLayer>(document);
 }
 
 }  // namespace
 
-std::vector<orlo::P<CLayer>> BuildLayers(const graphics::CGraphicDocument& page) {
+std::vector<orlo::P<CLayer>> BuildLayers(graphics::CGraphicDocument& page) {
   graphics::CGraphicLayers sorted;
   for (std::size_t index = 0; index < page.GetCount(); ++index) {
     const orlo::P<graphics::CGraphicElement> element = page.GetElement(index);

@@ -15,10 +15,10 @@ constexpr double kAspectTolerance = 0.2;
 
 orlo::P<graphics::CGraphicDocument> readDocument(const CInfoStore& store) {
   auto document = orlo::makeObject<graphics::CGraphicDocument>();
-  if (wxXmlNode* root = store.pluginData->GetRoot()) {
+  if (const wxXmlNode* root = store.pluginData->GetRoot()) {
     CFilterBase64Resource resources(store.skinPath);
     resources.SetUseFiles(true);
-    document->ReadFromXml(root, &resources);
+    document->ReadFromXml(*root, resources);
   }
   return document;
 }
