@@ -20,7 +20,7 @@ void CDocumentLayer::Render(const graphics::CPaintContext& geometry) {
   wxBitmap bitmap = graphics::MakeAlphaBitmap(graphics::TruncateToInt(geometry.rect.width),
                                               graphics::TruncateToInt(geometry.rect.height));
   {
-    graphics::TEffectDC<wxMemoryDC, wxBitmap&> dc(bitmap);
+    graphics::CBitmapEffectDC dc(bitmap);
     graphics::CPaintContext context(&dc, 0);
     context.rect = graphics::CDoubleRect(0, 0, geometry.rect.width, geometry.rect.height);
     context.clip = context.rect;

@@ -42,8 +42,6 @@ public:
   graphics::CPaintContext& Draw();
 
 private:
-  using CPageDC = graphics::TEffectDC<wxMemoryDC, wxBitmap&>;
-
   void SettleBackground();
 
   wxBitmap& bitmap_;
@@ -51,7 +49,7 @@ private:
   CBackground background_;
   graphics::CPaintContext context_;
   std::optional<graphics::CToolkitLock> lock_;
-  std::optional<CPageDC> dc_;
+  std::optional<graphics::CBitmapEffectDC> dc_;
 };
 
 }  // namespace authfilter
