@@ -23,7 +23,7 @@ class IResourceStore : public virtual orlo::IBase {};
 /// Takes resources under a child node of the given name.
 class IResourceOutputStore : public virtual IResourceStore {
 public:
-  virtual void WriteRichText(wxXmlNode& node, const wxString& name, const wxRichTextBuffer& text) = 0;
+  virtual void WriteRichText(wxXmlNode& node, const wxString& name, wxRichTextBuffer& text) = 0;
   /// The file is where the bitmap came from; it may be an empty name.
   virtual void WriteBitmap(wxXmlNode& node, const wxString& name, const wxBitmap& bitmap, const wxFileName& file) = 0;
   /// Writes the resource into the node, or only a reference if it has been written before. Null writes nothing. Throws

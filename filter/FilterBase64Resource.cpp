@@ -1,0 +1,35 @@
+#include "filter/FilterBase64Resource.h"
+
+#include "graphics/model/Picture.h"
+
+#include <utility>
+
+namespace authfilter {
+
+namespace {
+
+bool IsGone(const wxFileName& file) {
+  return file.IsOk() && !file.FileExists();
+}
+
+}  // namespace
+
+CFilterBase64Resource::CFilterBase64Resource(const wxString& directory)
+    : substituteFile_(directory, "filenotfound.png") {}
+
+std::unique_ptr<wxBitmap> CFilterBase64Resource::ReadBitmap(const wxXmlNode& node, const wxString& name,
+                                                            wxFileName& file) {
+  return IsGone(file) ? LoadSubstitute() : CBase64Resources::ReadBitmap(node, name, file);
+}
+
+std::unique_ptr<wxBitmap> CFilterBase64Resource::ReadBitmapOfType(const wxXmlNode& node, const wxString& name,
+                                                                  wxBitmapType type, wxFileName& file) {
+  return IsGone(file) ? LoadSubstitute() : CBase64Resources::ReadBitmapOfType(node, name, type, file);
+}
+
+std::unique_ptr<wxBitmap> CFilterBase64Resource::LoadSubstitute() const {
+  auto bitmap = graphics::MakeBitmap(graphics::LoadPictureFile(substituteFile_));
+  return bitmap ? std::move(bitmap) : std::make_unique<wxBitmap>();
+}
+
+}  // namespace authfilter
