@@ -3,6 +3,7 @@
 #include "foundation/Error.h"
 #include "foundation/Singleton.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cwchar>
 #include <limits>
@@ -11,9 +12,13 @@ namespace orlo {
 
 namespace {
 
+// The runtime library reads and writes UTF-8 of five and six bytes too.
+constexpr char32_t kLastCodePoint = 0x10FFFF;
+
 /// Writes the character to a place of MB_LEN_MAX bytes and answers its size, 0 if the locale does not have it.
 int encoded(char32_t codePoint, char* place) {
-  if (codePoint > static_cast<char32_t>(std::numeric_limits<wchar_t>::max())) return 0;
+  constexpr auto kLastWide = static_cast<char32_t>(std::numeric_limits<wchar_t>::max());
+  if (codePoint > std::min(kLastCodePoint, kLastWide)) return 0;
   std::mbstate_t state{};
   const std::size_t size = std::wcrtomb(place, static_cast<wchar_t>(codePoint), &state);
   return size == static_cast<std::size_t>(-1) ? 0 : static_cast<int>(size);
@@ -26,7 +31,7 @@ int CCPCharEncoding::read(char32_t& codePoint, const unsigned char* buffer, int 
   wchar_t character;
   const std::size_t room = static_cast<std::size_t>(size - pos);
   const std::size_t charSize = std::mbrtowc(&character, reinterpret_cast<const char*>(buffer + pos), room, &state);
-  if (charSize > room) return -1;
+  if (charSize > room || static_cast<char32_t>(character) > kLastCodePoint) return -1;
   codePoint = static_cast<char32_t>(character);
   return pos + (charSize == 0 ? 1 : static_cast<int>(charSize));  // 0 stands for the null character
 }
