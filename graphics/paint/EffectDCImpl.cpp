@@ -41,7 +41,10 @@ struct CEdges {
 }  // namespace
 
 CEffectDCImpl::CEffectDCImpl(wxDC* owner, wxGraphicsContext* context, wxSize size)
-    : wxGCDCImpl(owner, context), size_(size) {}
+    : wxGCDCImpl(owner, context), size_(size) {
+  // Lines of an odd width run through the middle of pixels.
+  if (context) context->EnableOffset();
+}
 
 void CEffectDCImpl::SetBasePen(const wxPen& pen) {
   wxGCDCImpl::SetPen(pen);

@@ -21,7 +21,9 @@ void TEffectGraphicsContext::DrawBitmap(const wxBitmap& bitmap, double x, double
   } else {
     const wxColour white(255, 255, 255, 255);
     context->SetBrush(wxBrush(white, wxBRUSHSTYLE_SOLID));
-    context->SetPen(wxPen(white, 1, wxPENSTYLE_SOLID));
+    wxPen pen(white, 1, wxPENSTYLE_SOLID);
+    pen.SetJoin(wxJOIN_MITER);
+    context->SetPen(pen);
     context->DrawRectangle(x - 1.0, y - 1.0, w, h);
   }
 }
