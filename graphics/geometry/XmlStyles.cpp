@@ -112,12 +112,23 @@ bool ReadFont(const wxXmlNode& parent, const wxString& name, wxFont& target) {
   const wxXmlNode* node = FindChild(parent, name);
   if (!node) return false;
   if (!target.IsOk()) target = wxFont(wxFontInfo(10));
-  if (wxString face; ReadText(*node, "name", face)) target.SetFaceName(face);
-  if (std::int32_t size = 0; ReadInt(*node, "pointsize", size)) target.SetPointSize(std::clamp(size, 1, 2000));
-  if (std::int32_t style = 0; ReadInt(*node, "style", style) && IsFontStyle(style))
-    target.SetStyle(static_cast<wxFontStyle>(style));
-  if (std::int32_t weight = 0; ReadInt(*node, "weight", weight)) target.SetWeight(WeightFromFile(weight));
-  if (bool underlined = false; ReadBool(*node, "underlined", underlined)) target.SetUnderlined(underlined);
+  wxString face = target.GetFaceName();
+  std::int32_t size = target.GetPointSize();
+  std::int32_t style = target.GetStyle();
+  std::int32_t weight = WeightToFile(target.GetNumericWeight());
+  bool underlined = target.GetUnderlined();
+  ReadText(*node, "name", face);
+  ReadInt(*node, "pointsize", size);
+  if (std::int32_t read = 0; ReadInt(*node, "style", read) && IsFontStyle(read)) style = read;
+  ReadInt(*node, "weight", weight);
+  ReadBool(*node, "underlined", underlined);
+  // The font's own setter of the face forgets all else if the face is not installed.
+  target = wxFont(wxFontInfo(std::clamp(size, 1, 2000))
+                      .Family(target.GetFamily())
+                      .FaceName(face)
+                      .Style(static_cast<wxFontStyle>(style))
+                      .Weight(WeightFromFile(weight))
+                      .Underlined(underlined));
   return true;
 }
 

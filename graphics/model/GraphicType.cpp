@@ -4,8 +4,10 @@
 #include "foundation/wxutil/WXError.h"
 #include "foundation/wxutil/WXString.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <vector>
 
 namespace graphics {
 
@@ -46,9 +48,14 @@ const CKind* FindKind(std::int32_t type) {
 constexpr std::int32_t kNoType = -1;
 
 std::int32_t FindType(const wxString& name) {
-  for (std::int32_t type = 0; type < GraphicType::kCount; ++type)
-    if (name.IsSameAs(FindKind(type)->xmlName, false)) return type;
-  return kNoType;
+  static const std::vector<wxString> names = [] {
+    std::vector<wxString> result;
+    for (const CKind& kind : kKinds) result.emplace_back(kind.xmlName);
+    return result;
+  }();
+  const auto found =
+      std::find_if(names.begin(), names.end(), [&](const wxString& known) { return name.IsSameAs(known, false); });
+  return found == names.end() ? kNoType : static_cast<std::int32_t>(found - names.begin());
 }
 
 }  // namespace
