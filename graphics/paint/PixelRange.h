@@ -24,9 +24,17 @@ inline int TruncateToPixel(double coordinate) {
   return ToNearPixel(TruncateToInt(coordinate));
 }
 
+inline wxPoint TruncateToPixel(CDoublePoint point) {
+  return {TruncateToPixel(point.x), TruncateToPixel(point.y)};
+}
+
 /// Rounded down: -0.5 gives -1.
 inline int FloorToPixel(double coordinate) {
   return ToNearPixel(FloorToInt(coordinate));
+}
+
+inline wxPoint FloorToPixel(CDoublePoint point) {
+  return {FloorToPixel(point.x), FloorToPixel(point.y)};
 }
 
 /// The rectangle with all four values truncated and its edges pulled in.
