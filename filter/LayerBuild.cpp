@@ -2,6 +2,7 @@
 
 #include "filter/DocumentLayer.h"
 #include "filter/ExclusiveLayer.h"
+#include "foundation/Cast.h"
 #include "graphics/elements/GraphicMirror.h"
 #include "graphics/model/GraphicLayers.h"
 

@@ -17,11 +17,12 @@ public:
   CScan(const CScan&) = delete;
   CScan& operator=(const CScan&) = delete;
 
-  std::string Run(std::span<const unsigned char> document) {
+  CScanResult Run(std::span<const unsigned char> document) {
     const auto* text = reinterpret_cast<const char*>(document.data());
     if (XML_Parse(parser_, text, static_cast<int>(document.size()), 1) == XML_STATUS_OK) return {};
     const std::string where = "line " + std::to_string(XML_GetCurrentLineNumber(parser_)) + ": ";
-    return where + (limit_.empty() ? XML_ErrorString(XML_GetErrorCode(parser_)) : limit_);
+    if (!limit_.empty()) return {EScan::beyondLimit, where + limit_};
+    return {EScan::malformed, where + XML_ErrorString(XML_GetErrorCode(parser_))};
   }
   bool IsEncodingUnknown() const { return XML_GetErrorCode(parser_) == XML_ERROR_UNKNOWN_ENCODING; }
 
@@ -47,11 +48,12 @@ private:
 
 }  // namespace
 
-std::string Scan(std::span<const unsigned char> document, const CScanLimits& limits) {
-  if (document.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) return "more than 2 GiB of text";
+CScanResult Scan(std::span<const unsigned char> document, const CScanLimits& limits) {
+  if (document.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+    return {EScan::beyondLimit, "more than 2 GiB of text"};
   CScan asDeclared(nullptr, limits);
-  const std::string problem = asDeclared.Run(document);
-  if (!asDeclared.IsEncodingUnknown()) return problem;
+  CScanResult result = asDeclared.Run(document);
+  if (!asDeclared.IsEncodingUnknown()) return result;
   // Other one-byte encodings have their markup where Latin-1 has it, which is all that is looked at here.
   return CScan("ISO-8859-1", limits).Run(document);
 }

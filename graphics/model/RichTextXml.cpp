@@ -25,7 +25,7 @@ bool SaveRichText(wxRichTextBuffer& text, wxOutputStream& stream) {
 }
 
 std::unique_ptr<wxRichTextBuffer> LoadRichText(std::span<const unsigned char> bytes) {
-  if (!xml::Scan(bytes, kLimits).empty()) return nullptr;
+  if (xml::Scan(bytes, kLimits).verdict != xml::EScan::good) return nullptr;
   const wxLogNull quiet;
   auto text = std::make_unique<wxRichTextBuffer>();
   wxMemoryInputStream stream(bytes.data(), bytes.size());

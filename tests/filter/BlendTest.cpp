@@ -18,8 +18,8 @@ CPixelsOf randomPremultiplied(std::size_t count, std::uint32_t seed) {
   CPixelsOf pixels(count * 4);
   for (std::size_t pixel = 0; pixel < count; ++pixel) {
     // Every kind of alpha, the two ends often.
-    const std::uint32_t choice = random() % 4;
-    const std::uint32_t alpha = choice == 0 ? 0 : choice == 1 ? 255 : random() % 256;
+    const auto choice = random() % 4;
+    const auto alpha = choice == 0 ? 0 : choice == 1 ? 255 : random() % 256;
     for (std::size_t channel = 0; channel < 3; ++channel)
       pixels[pixel * 4 + channel] = static_cast<std::uint8_t>(random() % (alpha + 1));
     pixels[pixel * 4 + 3] = static_cast<std::uint8_t>(alpha);

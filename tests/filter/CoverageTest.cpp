@@ -68,7 +68,7 @@ TEST(Coverage, HoldsEveryPixelThatIsNotTransparentOnceAndCallsOnlyOpaqueOnesOpaq
   for (int round = 0; round < 200; ++round) {
     std::vector<std::uint8_t> row;
     while (row.size() < 300) {
-      const std::uint32_t kind = random() % 3;
+      const auto kind = random() % 3;
       row.insert(row.end(), random() % 50, static_cast<std::uint8_t>(kind == 0 ? 0 : kind == 1 ? 255 : 100));
     }
     CRowPicture picture(row);

@@ -42,7 +42,7 @@ TEST(PageXml, MayNest256Deep) {
 TEST(PageXml, ThatNestsDeeperIsRefusedWithTheLimit) {
   const CPageXml page = parse(nested(257));
   EXPECT_EQ(page.document, nullptr);
-  EXPECT_EQ(page.limit, "elements nest more than 256 deep");
+  EXPECT_EQ(page.limit, "line 1: elements nest more than 256 deep");
 }
 
 TEST(PageXml, ThatNestsAMillionDeepIsRefusedWithoutHarm) {

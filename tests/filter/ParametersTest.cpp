@@ -102,7 +102,7 @@ TEST_F(Parameters, NameTheLimitThatAPageReaches) {
   for (int depth = 0; depth < 300; ++depth) xml += "</a>";
   const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(xml.data()), xml.size());
   EXPECT_FALSE(Set("plugindata", graphics::EncodeBase64(bytes).c_str()));
-  EXPECT_EQ(LastError(), "could not parse xml for parameter plugindata: elements nest more than 256 deep");
+  EXPECT_EQ(LastError(), "could not parse xml for parameter plugindata: line 1: elements nest more than 256 deep");
 }
 
 TEST_F(Parameters, CutALongMessageWithoutTerminatingIt) {

@@ -8,7 +8,17 @@ namespace graphics::xml {
 namespace {
 
 std::string ScanText(std::string_view text, CScanLimits limits = {3, 5}) {
-  return Scan({reinterpret_cast<const unsigned char*>(text.data()), text.size()}, limits);
+  return Scan({reinterpret_cast<const unsigned char*>(text.data()), text.size()}, limits).problem;
+}
+
+EScan VerdictOn(std::string_view text) {
+  return Scan({reinterpret_cast<const unsigned char*>(text.data()), text.size()}, {3, 5}).verdict;
+}
+
+TEST(XmlScan, TellsMalformedTextFromTextBeyondItsLimits) {
+  EXPECT_EQ(VerdictOn("<a/>"), EScan::good);
+  EXPECT_EQ(VerdictOn("<a>"), EScan::malformed);
+  EXPECT_EQ(VerdictOn("<a><b><c><d/></c></b></a>"), EScan::beyondLimit);
 }
 
 TEST(XmlScan, FindsNothingWrongWithADocumentWithinItsLimits) {
