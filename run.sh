@@ -10,7 +10,7 @@ prepare() {
   cd "$root"
   tools/install-dependencies.sh
   echo "Building"
-  cmake --preset release --log-level=WARNING
+  cmake --preset release > /dev/null
   cmake --build --preset release --target mfilter_command
 }
 (prepare) >&2
