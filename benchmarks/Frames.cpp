@@ -1,3 +1,4 @@
+#include "benchmarks/Allocations.h"
 #include "benchmarks/FilterInstance.h"
 #include "benchmarks/Ratios.h"
 
@@ -10,11 +11,9 @@ extern "C" {
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <new>
 #include <random>
 #include <vector>
 
@@ -24,8 +23,6 @@ constexpr int kWidth = 1920;
 constexpr int kHeight = 1080;
 constexpr int kStride = kWidth * 4;
 constexpr std::size_t kBytes = static_cast<std::size_t>(kStride) * kHeight;
-
-std::atomic<std::size_t> allocations{0};
 
 using CPicture = std::vector<std::uint8_t>;
 
@@ -97,9 +94,9 @@ void StillFrame(benchmark::State& state) {
   filter.Open();
   filter.SetInput(inputs()[0].data(), kStride);
   filter.Frame();
-  const std::size_t before = allocations;
+  const std::size_t before = AllocationCount();
   for (auto _ : state) benchmark::DoNotOptimize(filter.Frame());
-  state.counters["allocations"] = static_cast<double>(allocations - before);
+  state.counters["allocations"] = static_cast<double>(AllocationCount() - before);
 }
 
 /// FFmpeg's overlay filter with a layer that stays and a new picture below it each frame.
@@ -188,22 +185,6 @@ BENCHMARK(FfmpegOverlayTenPercent)->UseRealTime();
 BENCHMARK(FfmpegOverlayHalfTransparent)->UseRealTime();
 
 }  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  ++allocations;
-  return std::malloc(size);
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
 
 int main(int argc, char** argv) {
   return RunWithRatios(argc, argv,
