@@ -1,0 +1,40 @@
+#pragma once
+
+#include "foundation/Cast.h"
+#include "foundation/Pointer.h"
+#include "graphics/model/Base64Resources.h"
+#include "graphics/paint/PaintContext.h"
+#include "tests/paint/Canvas.h"
+
+#include <wx/xml/xml.h>
+
+namespace graphics::test {
+
+/// A picture on which elements paint, one page unit a pixel by default.
+class CPage : public CCanvas {
+public:
+  explicit CPage(int width = 60, int height = 40) : CCanvas(width, height), context(&dc, 0) {
+    context.matrix = CMatrix::Identity();
+    context.rect = {0, 0, static_cast<double>(width), static_cast<double>(height)};
+  }
+
+  CPaintContext context;
+};
+
+inline void Place(CGraphicElement& element, CDoubleRect frame) {
+  element.SetSize(frame.GetSize());
+  element.SetTopLeft(frame.left, frame.top);
+}
+
+/// What comes back when an element is written and read.
+template <class Element>
+orlo::P<Element> Reloaded(const Element& element) {
+  wxXmlNode node(wxXML_ELEMENT_NODE, "element");
+  const auto store = orlo::makeObject<CBase64Resources>();
+  element.WriteToXml(node, *store);
+  const auto copy = orlo::makeObject<Element>();
+  copy->ReadFromXml(node, *store);
+  return copy;
+}
+
+}  // namespace graphics::test
