@@ -85,10 +85,11 @@ public:
 
   int decodeRun(char32_t* codePoints, int* positions, int maxCount, int& count, const unsigned char* buffer, int size,
                 int pos) const override {
-    count = 0;
-    if (pos < 0) return -1;
-    while (count < maxCount && (pos = readNext(codePoints[count], buffer, size, pos)) >= 0) positions[count++] = pos;
-    return count > 0 ? positions[count - 1] : -1;
+    int read = 0;
+    while (pos >= 0 && read < maxCount && (pos = readNext(codePoints[read], buffer, size, pos)) >= 0)
+      positions[read++] = pos;
+    count = read;
+    return read > 0 ? positions[read - 1] : -1;
   }
 
 private:
@@ -128,10 +129,11 @@ public:
 
   int decodeRunBackwards(char32_t* codePoints, int* positions, int maxCount, int& count, const unsigned char* buffer,
                          int size, int pos) const override {
-    count = 0;
-    if (pos > size) return -1;
-    while (count < maxCount && (pos = readPrevious(codePoints[count], buffer, pos)) >= 0) positions[count++] = pos;
-    return count > 0 ? positions[count - 1] : -1;
+    int read = 0;
+    while (pos <= size && read < maxCount && (pos = readPrevious(codePoints[read], buffer, pos)) >= 0)
+      positions[read++] = pos;
+    count = read;
+    return read > 0 ? positions[read - 1] : -1;
   }
 
 private:

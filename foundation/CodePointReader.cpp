@@ -9,10 +9,14 @@ CCodePointReader::CCodePointReader(const CTextView& text, CStringPos start, Dire
   restart(start);
 }
 
-CStringPos CCodePointReader::position() const {
-  if (blockIndex_ == 0) return blockStart_;
-  const int walked = direction_ == Direction::forwards ? blockIndex_ : -blockIndex_;
-  return {blockStart_.index + walked, positions_[blockIndex_ - 1]};
+CStringPos CCodePointReader::lastPosition() const {
+  return positionAfter(direction_ == Direction::forwards ? blockIndex_ - 1 : blockIndex_);
+}
+
+CStringPos CCodePointReader::positionAfter(int readOfBlock) const {
+  if (readOfBlock <= 0) return blockStart_;
+  const int walked = direction_ == Direction::forwards ? readOfBlock : -readOfBlock;
+  return {blockStart_.index + walked, positions_[readOfBlock - 1]};
 }
 
 void CCodePointReader::seek(CStringPos pos) {

@@ -22,7 +22,9 @@ public:
   }
 
   /// Where the next read begins: behind, or walking backwards before, the character that was read last.
-  CStringPos position() const;
+  CStringPos position() const { return positionAfter(blockIndex_); }
+  /// Where the character that was read last begins, or the invalid bytes before it.
+  CStringPos lastPosition() const;
   /// Costs nothing within the present block.
   void seek(CStringPos pos);
 
@@ -30,6 +32,7 @@ private:
   static constexpr int kBlockSize = 16;
 
   bool refill();
+  CStringPos positionAfter(int readOfBlock) const;
   void restart(CStringPos pos);
 
   CTextView text_;

@@ -12,36 +12,35 @@ bool same(char32_t a, char32_t b, Case mode) {
   return a == b || (mode == Case::ignored && unicode::toLower(a) == unicode::toLower(b));
 }
 
-/// The first character on the way through the part for which accept(codePoint, the part from there on) is true.
+/// The first character on the way through the part for which accept(codePoint, rest) is true. rest() is the text from
+/// that character to the end of the part.
 template <class Accept>
 CStringPos search(const CTextView& text, CStringPos start, CStringPos end, Direction direction, Accept accept) {
   const CTextView range = part(text, start, end);
   CCodePointReader reader(range, direction == Direction::forwards ? CStringPos{} : CStringPos::end(), direction);
-  for (;;) {
-    const CStringPos before = reader.position();
-    char32_t codePoint;
-    if (!reader.read(codePoint)) return CStringPos::end();
-    const CStringPos at = direction == Direction::forwards ? before : reader.position();
-    if (accept(codePoint, part(range, at, CStringPos::end()))) {
-      const int offset = range.encoding->findValid(range.data, range.byteSize, at.byteOffset);
-      return {start.index + at.index, static_cast<int>(range.data - text.data) + offset};
-    }
+  for (char32_t codePoint; reader.read(codePoint);) {
+    const auto rest = [&] { return part(range, reader.lastPosition(), CStringPos::end()); };
+    if (!accept(codePoint, rest)) continue;
+    const CStringPos at = reader.lastPosition();
+    const int offset = range.encoding->findValid(range.data, range.byteSize, at.byteOffset);
+    return {start.index + at.index, static_cast<int>(range.data - text.data) + offset};
   }
+  return CStringPos::end();
 }
 
 CStringPos searchText(const CTextView& text, const CTextView& what, Case mode, CStringPos start, CStringPos end,
                       Direction direction) {
   CStringPos second;
   const std::optional<char32_t> first = next(what, second);
-  return search(text, start, end, direction, [&](char32_t codePoint, const CTextView& rest) {
-    return !first || (same(codePoint, *first, mode) && startsWith(rest, what, mode));
+  return search(text, start, end, direction, [&](char32_t codePoint, auto rest) {
+    return !first || (same(codePoint, *first, mode) && startsWith(rest(), what, mode));
   });
 }
 
 CStringPos searchMember(const CTextView& text, const CTextView& set, Member member, Case mode, CStringPos start,
                         CStringPos end, Direction direction) {
   CCodePointReader members(set);
-  return search(text, start, end, direction, [&](char32_t codePoint, const CTextView&) {
+  return search(text, start, end, direction, [&](char32_t codePoint, auto) {
     members.seek({});
     bool found = false;
     for (char32_t candidate; !found && members.read(candidate);) found = same(codePoint, candidate, mode);
