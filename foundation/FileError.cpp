@@ -7,15 +7,16 @@ namespace orlo {
 
 namespace {
 
+// Messages are filled in UTF-16, so that no character of a location is lost.
 String fillURI(const String& message, const PC<IURI>& uri) {
   if (message.isNull()) return message;
-  return toUTF8(message).replace("%URI%", uri ? uri->toString() : String("<uri unknown>"));
+  return toWide(message).replace("%URI%", uri ? uri->toString() : String("<uri unknown>"));
 }
 
 String notFoundMessage(const PC<IURI>& uri) {
   if (!uri) return localize("orlo.CFileNotFoundError.GeneralDesc", "The file was not found.");
   const String message = localize("orlo.CFileNotFoundError.Desc", "The file '%FILE%' was not found.");
-  return toUTF8(message).replace("%FILE%", uri->toString());
+  return toWide(message).replace("%FILE%", uri->toString());
 }
 
 }  // namespace

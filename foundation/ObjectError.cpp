@@ -7,31 +7,32 @@ namespace orlo {
 
 namespace {
 
+// Messages are put together in UTF-16, so that no character of their parts is lost.
 String objectText(IBase* object, const std::type_info* objectClass, const char* otherwise) {
-  if (object) return u8"object: " + object->getDescription();
-  if (objectClass) return u8"object class: " + className(*objectClass);
+  if (object) return u"object: " + object->getDescription();
+  if (objectClass) return u"object class: " + className(*objectClass);
   return otherwise;
 }
 
 String fillObject(const String& message, IBase* object, const std::type_info* objectClass) {
   const String text = objectText(object, objectClass, "unknown object");
-  return message.isNull() ? text : toUTF8(message).replace("%OBJECTDESC%", text);
+  return message.isNull() ? text : toWide(message).replace("%OBJECTDESC%", text);
 }
 
 String castMessage(IBase* object, const std::type_info& target) {
   const String source = object ? className(typeid(*object)) : String("null");
-  return u8"Error casting a '" + source + "' object to '" + className(target) + "'.";
+  return u"Error casting a '" + source + "' object to '" + className(target) + "'.";
 }
 
 String invalidArgMessage(IBase* object, const std::type_info* objectClass, const String& method,
                          const String& argument) {
-  return u8"An invalid argument was passed to method '" + (method.isNull() ? String("unspecified method") : method) +
+  return u"An invalid argument was passed to method '" + (method.isNull() ? String("unspecified method") : method) +
          "' of '" + objectText(object, objectClass, "") +
          "': " + (argument.isNull() ? String("unspecified argument") : argument);
 }
 
 String notImplementedMessage(IBase* object, const std::type_info* objectClass, const String& method) {
-  return u8"Method not implemented (" + objectText(object, objectClass, "") +
+  return u"Method not implemented (" + objectText(object, objectClass, "") +
          "): " + (method.isNull() ? String("unspecified method") : method) + ".";
 }
 
@@ -57,7 +58,7 @@ CInvalidArgError::CInvalidArgError(IBase* object, const std::type_info* objectCl
 CInvalidObjectStateError::CInvalidObjectStateError(const String& message, IBase* object,
                                                    const std::type_info* objectClass)
     : CObjectError(object, objectClass,
-                   u8"The object is in an invalid state (" + objectText(object, objectClass, "") + "): " + message) {}
+                   u"The object is in an invalid state (" + objectText(object, objectClass, "") + "): " + message) {}
 
 CEndOfEnumError::CEndOfEnumError(IBase* object, const std::type_info* objectClass)
     : CInvalidObjectStateError(localize("orlo.CEndOfEnumError.desc", "end of enumeration already reached"), object,

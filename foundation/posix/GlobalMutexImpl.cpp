@@ -50,7 +50,7 @@ CGlobalMutexImpl::CGlobalMutexImpl(const String& name) : name_(name) {
   try {
     memory_ = std::make_unique<CSharedMemory>(toStdString(name), sizeof(pthread_mutex_t), makeSharedMutex);
   } catch (const std::system_error&) {
-    throw CException(u8"Error createing global mutex " + name);
+    throw CException(u"Error createing global mutex " + name);
   }
 }
 
@@ -73,7 +73,7 @@ void CGlobalMutexImpl::unlock() {
 bool CGlobalMutexImpl::finishLock(int result) {
   if (result == EBUSY || result == ETIMEDOUT) return false;
   if (result == EOWNERDEAD) result = pthread_mutex_consistent(mutexIn(*memory_));
-  if (result != 0) throw CException(u8"Error locking global mutex " + name_);
+  if (result != 0) throw CException(u"Error locking global mutex " + name_);
   return true;
 }
 

@@ -11,7 +11,7 @@ namespace orlo::posix {
 class CSharedMemory;
 
 /// A lock that all processes of this user share by its name. It belongs to a thread, which may take it again; what a
-/// dead thread or process left locked is free.
+/// dead thread or process left locked is free. It must not go while it is locked.
 class CGlobalMutexImpl : public CObject, public IMutex {
 public:
   /// Throws CException.

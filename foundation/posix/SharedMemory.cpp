@@ -74,22 +74,22 @@ bool CSharedMemory::open(void (*prepare)(void* memory)) {
   if (lockFile(file_, LOCK_EX | LOCK_NB)) {
     checked(ftruncate(file_, 0));
     checked(ftruncate(file_, size));
-    void* fresh = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_SHARED, file_, 0);
-    if (fresh == MAP_FAILED) fail(errno);
-    prepare(fresh);
-    munmap(fresh, size_);
+    map();
+    prepare(memory_);
     // One byte more says that the memory is prepared.
     checked(ftruncate(file_, size + 1));
   }
   lockFile(file_, LOCK_SH);
   const struct stat status = statusOf(file_);
   if (status.st_nlink == 0 || status.st_size != size + 1) return false;
-  memory_ = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_SHARED, file_, 0);
-  if (memory_ == MAP_FAILED) {
-    memory_ = nullptr;
-    fail(errno);
-  }
+  if (!memory_) map();
   return true;
+}
+
+void CSharedMemory::map() {
+  void* memory = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_SHARED, file_, 0);
+  if (memory == MAP_FAILED) fail(errno);
+  memory_ = memory;
 }
 
 CSharedMemory::~CSharedMemory() {

@@ -19,6 +19,7 @@ public:
 
 private:
   bool open(void (*prepare)(void* memory));
+  void map();
   void close();
 
   std::string path_;
