@@ -13,6 +13,11 @@ namespace {
 
 constexpr char kTableContent[] = "table-content";
 
+/// The toolkit gives its text nodes the name of an element kind, "text".
+bool IsElement(const wxXmlNode& node) {
+  return node.GetType() == wxXML_ELEMENT_NODE && (IsGraphicType(node.GetName()) || node.GetName() == kTableContent);
+}
+
 }  // namespace
 
 void CGraphicContainer::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) {
@@ -34,7 +39,7 @@ void CGraphicContainer::ReadFromXml(const wxXmlNode& node, IResourceInputStore& 
   elements_.clear();
   hasContentBox_ = xml::ReadRect(node, "content-box", contentBox_);
   for (const wxXmlNode* child = node.GetChildren(); child; child = child->GetNext())
-    if (IsGraphicType(child->GetName()) || child->GetName() == kTableContent) ReadElement(*child, store);
+    if (IsElement(*child)) ReadElement(*child, store);
   if (const wxXmlNode* data = xml::FindChild(node, "xdata")) {
     xdatas_ = orlo::makeObject<CXDatas>();
     xdatas_->ReadFromXml(*data, store);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <wx/filename.h>
+#include <wx/log.h>
 #include <wx/mstream.h>
 #include <wx/richtext/richtextbuffer.h>
 #include <wx/richtext/richtextxml.h>
