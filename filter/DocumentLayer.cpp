@@ -22,7 +22,7 @@ void CDocumentLayer::Render(const graphics::CPaintContext& geometry) {
   {
     graphics::CBitmapEffectDC dc(bitmap);
     graphics::CPaintContext context(&dc, 0);
-    context.rect = graphics::CDoubleRect(0, 0, geometry.rect.width, geometry.rect.height);
+    context.rect = {0, 0, geometry.rect.width, geometry.rect.height};
     context.clip = context.rect;
     context.matrix = geometry.matrix;
     GetDocument()->Paint(context);

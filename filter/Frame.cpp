@@ -21,7 +21,7 @@ CFrame::CFrame(wxBitmap& bitmap, graphics::CBitmapSurface& surface, CBackground 
                const graphics::CTransform& pageTransform)
     : bitmap_(bitmap), surface_(surface), background_(background), context_(nullptr, 0) {
   const graphics::CPixels page = surface_.Pixels();
-  context_.rect = graphics::CDoubleRect(0, 0, page.width, page.height);
+  context_.rect = {0, 0, static_cast<double>(page.width), static_cast<double>(page.height)};
   context_.clip = context_.rect;
   context_.matrix = pageTransform.GetCurrent();
 }

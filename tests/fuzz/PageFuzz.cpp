@@ -24,8 +24,8 @@ void readFrame(void* handle) {
     for (int y = 0; y < kHeight; ++y)
       for (int x = 0; x < kWidth * 4; ++x)
         sum += static_cast<const std::uint8_t*>(pixels)[static_cast<std::ptrdiff_t>(y) * stride + x];
-    static volatile std::uint32_t sink;
-    sink = sum;
+    volatile std::uint32_t sink = sum;
+    static_cast<void>(sink);
   }
   mfilter_endReadFrame(handle);
 }
