@@ -39,13 +39,13 @@ void SilenceToolkit() {
 }
 
 void Start() {
-  const bool hostsApplication = wxTheApp != nullptr;
-  if (!hostsApplication) {
+  // Not wxTheApp, which takes every application object for one with windows.
+  if (!wxAppConsole::GetInstance()) {
     wxApp::SetInstance(new wxAppConsole);
     if (!wxInitialize()) throw orlo::CError("The graphics toolkit could not be started");
     SilenceToolkit();
   }
-  if (!wxTheApp->IsGUI()) CStockFonts::Fill();
+  if (!wxAppConsole::GetInstance()->IsGUI()) CStockFonts::Fill();
 }
 
 }  // namespace
