@@ -16,16 +16,19 @@ CString::CString(const void* text, int byteSize, Storage storage, bool terminate
     byteSize = encoding_->measureTerminated(text);
   }
   data_ = static_cast<const unsigned char*>(text);
-  byteSize_ = static_cast<std::uint32_t>(byteSize);
   terminated_ = terminated || storage == Storage::copy;
   owned_ = storage != Storage::reference;
   if (storage == Storage::copy) {
     const int terminatorSize = encoding_->getEncodedSize(0);
-    auto* copy = new unsigned char[byteSize_ + static_cast<std::size_t>(terminatorSize)];
-    if (byteSize_ > 0) std::memcpy(copy, text, byteSize_);
-    encoding_->encode(0, copy + byteSize_, terminatorSize, 0);
+    // A part of a character at the end would join with the terminator.
+    byteSize -= byteSize % terminatorSize;
+    const auto size = static_cast<std::size_t>(byteSize);
+    auto* copy = new unsigned char[size + static_cast<std::size_t>(terminatorSize)];
+    if (size > 0) std::memcpy(copy, text, size);
+    encoding_->encode(0, copy + size, terminatorSize, 0);
     data_ = copy;
   }
+  byteSize_ = static_cast<std::uint32_t>(byteSize);
   length_ = length >= 0 ? length : encoding_->countChars(data_, byteSize, 0);
 }
 

@@ -9,7 +9,7 @@ namespace orlo {
 class CString : public CObject, public virtual IComparable, public IString {
 public:
   enum class Storage {
-    copy = 0,       ///< copies the text and terminates the copy
+    copy = 0,       ///< copies the whole units of the text and terminates the copy
     adopt = 1,      ///< takes over a text made with new unsigned char[]
     reference = 2,  ///< refers to a text that outlives the string
   };

@@ -34,6 +34,13 @@ TEST(StringObject, CopiesAndTerminatesTheCopy) {
   }
 }
 
+TEST(StringObject, TerminatesACopyBehindItsLastWholeUnit) {
+  const String odd = bytes(std::string("a\0b\0c", 5), getUTF16CharEncoding());
+  EXPECT_EQ(odd.getByteSize(), 4);
+  EXPECT_EQ(getUTF16CharEncoding()->measureTerminated(odd.getData()), 4);
+  EXPECT_EQ(odd, "ab");
+}
+
 TEST(StringObject, AdoptsABufferAsItIs) {
   unsigned char* buffer = newBytes("textual");
   const P<IString> text = makeObject<CString>(buffer, 4, Storage::adopt, false, getLatin1CharEncoding());

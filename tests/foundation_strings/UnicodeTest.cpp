@@ -92,8 +92,10 @@ TEST(CaseTable, AgreesWithTheUnicodeCharacterDatabase) {
 TEST(CaseTable, AgreesWithTheRuntimeLibraryOnTheAlphabetsOfEurope) {
   const CLocale locale("C.UTF-8");
   for (char32_t codePoint = 0; codePoint < 0x530; ++codePoint) {
-    EXPECT_EQ(unicode::toLower(codePoint), std::towlower(static_cast<wint_t>(codePoint))) << static_cast<unsigned>(codePoint);
-    EXPECT_EQ(unicode::toUpper(codePoint), std::towupper(static_cast<wint_t>(codePoint))) << static_cast<unsigned>(codePoint);
+    EXPECT_EQ(unicode::toLower(codePoint), std::towlower(static_cast<wint_t>(codePoint)))
+        << static_cast<unsigned>(codePoint);
+    EXPECT_EQ(unicode::toUpper(codePoint), std::towupper(static_cast<wint_t>(codePoint)))
+        << static_cast<unsigned>(codePoint);
   }
 }
 

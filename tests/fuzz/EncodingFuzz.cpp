@@ -156,7 +156,8 @@ void checkStrings(const std::vector<CCharacter>& characters, const unsigned char
       P<IString>(makeObject<CString>(buffer, size, CString::Storage::reference, false, FUZZED_ENCODING()));
   const String copy = text.toTerminated();
   CHECK(text.length() == count && copy.length() == count && copy.isTerminated());
-  CHECK(copy.getByteSize() == size && text == copy);
+  CHECK(copy.getByteSize() == size - size % encoding().getEncodedSize(0) && text == copy);
+  CHECK(encoding().measureTerminated(copy.getData()) <= copy.getByteSize());
 
   const String other = toUTF32(text);
   CHECK(other.length() == count && other == text && text.compare(other) == 0);
