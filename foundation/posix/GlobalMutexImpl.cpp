@@ -2,9 +2,9 @@
 
 #include "foundation/Error.h"
 #include "foundation/posix/SharedMemory.h"
+#include "foundation/posix/TimedTry.h"
 
 #include <cerrno>
-#include <ctime>
 #include <pthread.h>
 #include <system_error>
 
@@ -31,19 +31,6 @@ pthread_mutex_t* mutexIn(const CSharedMemory& memory) {
   return static_cast<pthread_mutex_t*>(memory.get());
 }
 
-timespec deadlineIn(std::uint32_t milliseconds) {
-  constexpr long nanosecondsPerSecond = 1000000000;
-  timespec deadline{};
-  clock_gettime(CLOCK_REALTIME, &deadline);
-  deadline.tv_sec += milliseconds / 1000;
-  deadline.tv_nsec += static_cast<long>(milliseconds % 1000) * 1000000;
-  if (deadline.tv_nsec >= nanosecondsPerSecond) {
-    deadline.tv_nsec -= nanosecondsPerSecond;
-    ++deadline.tv_sec;
-  }
-  return deadline;
-}
-
 }  // namespace
 
 CGlobalMutexImpl::CGlobalMutexImpl(const String& name) : name_(name) {
@@ -61,9 +48,7 @@ void CGlobalMutexImpl::lock() {
 }
 
 bool CGlobalMutexImpl::tryLock(std::uint32_t milliseconds) {
-  if (milliseconds == 0) return finishLock(pthread_mutex_trylock(mutexIn(*memory_)));
-  const timespec deadline = deadlineIn(milliseconds);
-  return finishLock(pthread_mutex_timedlock(mutexIn(*memory_), &deadline));
+  return tryFor(milliseconds, [this] { return finishLock(pthread_mutex_trylock(mutexIn(*memory_))); });
 }
 
 void CGlobalMutexImpl::unlock() {
@@ -71,7 +56,7 @@ void CGlobalMutexImpl::unlock() {
 }
 
 bool CGlobalMutexImpl::finishLock(int result) {
-  if (result == EBUSY || result == ETIMEDOUT) return false;
+  if (result == EBUSY) return false;
   if (result == EOWNERDEAD) result = pthread_mutex_consistent(mutexIn(*memory_));
   if (result != 0) throw CException(u"Error locking global mutex " + name_);
   return true;

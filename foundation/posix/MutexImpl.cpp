@@ -1,12 +1,11 @@
 #include "foundation/posix/MutexImpl.h"
 
-#include <chrono>
+#include "foundation/posix/TimedTry.h"
 
 namespace orlo::posix {
 
 bool CMutexImpl::tryLock(std::uint32_t milliseconds) {
-  if (milliseconds == 0) return mutex_.try_lock();
-  return mutex_.try_lock_for(std::chrono::milliseconds(milliseconds));
+  return tryFor(milliseconds, [this] { return mutex_.try_lock(); });
 }
 
 }  // namespace orlo::posix

@@ -14,7 +14,7 @@ public:
   bool tryLock(std::uint32_t milliseconds) override;
 
 private:
-  std::recursive_timed_mutex mutex_;
+  std::recursive_mutex mutex_;
 };
 
 }  // namespace orlo::posix
