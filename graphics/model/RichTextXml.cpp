@@ -1,9 +1,8 @@
 #include "graphics/model/RichTextXml.h"
 
-#include "graphics/geometry/XmlScan.h"
+#include "graphics/geometry/XmlParse.h"
 
 #include <wx/log.h>
-#include <wx/mstream.h>
 #include <wx/richtext/richtextbuffer.h>
 #include <wx/richtext/richtextxml.h>
 
@@ -11,7 +10,7 @@ namespace graphics {
 
 namespace {
 
-constexpr xml::CScanLimits kLimits{.depth = 256, .elements = 1'000'000};
+constexpr xml::CParseLimits kLimits{.depth = 256, .elements = 1'000'000};
 
 wxRichTextXMLHandler MakeHandler() {
   return wxRichTextXMLHandler("xml", "XML", wxRICHTEXT_TYPE_XML);
@@ -25,12 +24,15 @@ bool SaveRichText(wxRichTextBuffer& text, wxOutputStream& stream) {
 }
 
 std::unique_ptr<wxRichTextBuffer> LoadRichText(std::span<const unsigned char> bytes) {
-  if (xml::Scan(bytes, kLimits).verdict != xml::EScan::good) return nullptr;
+  const xml::CParsed parsed = xml::Parse(bytes, kLimits);
+  if (!parsed.document || parsed.document->GetRoot()->GetName() != "richtext") return nullptr;
   const wxLogNull quiet;
   auto text = std::make_unique<wxRichTextBuffer>();
-  wxMemoryInputStream stream(bytes.data(), bytes.size());
   wxRichTextXMLHandler handler = MakeHandler();
-  if (!handler.LoadFile(text.get(), stream)) return nullptr;
+  for (wxXmlNode* child = parsed.document->GetRoot()->GetChildren(); child; child = child->GetNext())
+    if (child->GetType() == wxXML_ELEMENT_NODE && child->GetName() != "richtext-version")
+      handler.ImportXML(text.get(), text.get(), child);
+  text->UpdateRanges();
   // Without a display nobody can be asked for the colour of text that has none.
   wxRichTextAttr style = text->GetBasicStyle();
   if (!style.HasTextColour()) style.SetTextColour(*wxBLACK);

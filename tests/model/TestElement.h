@@ -1,6 +1,7 @@
 #pragma once
 
 #include "graphics/geometry/XmlNode.h"
+#include "graphics/geometry/XmlParse.h"
 #include "graphics/model/ElementFactory.h"
 #include "graphics/model/GraphicDocument.h"
 #include "graphics/model/GraphicElement.h"
@@ -91,10 +92,8 @@ inline orlo::P<CTestElement> MakeElement(CDoubleRect frame, std::int32_t type = 
 }
 
 inline std::unique_ptr<wxXmlDocument> ParseXml(const wxString& text) {
-  wxStringInputStream stream(text);
-  auto document = std::make_unique<wxXmlDocument>();
-  document->Load(stream);
-  return document;
+  const std::string utf8 = text.utf8_string();
+  return xml::Parse({reinterpret_cast<const unsigned char*>(utf8.data()), utf8.size()}, {256, 1'000'000}).document;
 }
 
 inline wxString ToText(const wxXmlNode& node) {
