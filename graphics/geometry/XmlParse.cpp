@@ -42,8 +42,9 @@ public:
     XML_SetCommentHandler(parser_, [](void* self, const XML_Char*) { Self(self).EndText(); });
     XML_SetProcessingInstructionHandler(parser_,
                                         [](void* self, const XML_Char*, const XML_Char*) { Self(self).EndText(); });
-    // With this, entities that the document declares stay out of its texts instead of being expanded.
-    XML_SetDefaultHandler(parser_, [](void*, const XML_Char*, int) {});
+    XML_SetEntityDeclHandler(
+        parser_, [](void* self, const XML_Char*, int, const XML_Char*, int, const XML_Char*, const XML_Char*,
+                    const XML_Char*, const XML_Char*) { Self(self).Stop("entities are not allowed"); });
     XML_SetUnknownEncodingHandler(parser_, &CTreeBuilder::FindEncoding, nullptr);
   }
   ~CTreeBuilder() { XML_ParserFree(parser_); }
@@ -57,6 +58,7 @@ public:
       result.document = std::make_unique<wxXmlDocument>();
       result.document->SetRoot(root_.release());
     } else {
+      result.beyondLimit = !limit_.empty();
       result.problem = "line " + std::to_string(XML_GetCurrentLineNumber(parser_)) + ": " +
                        (limit_.empty() ? XML_ErrorString(XML_GetErrorCode(parser_)) : limit_);
     }
@@ -155,7 +157,7 @@ private:
 
 CParsed Parse(std::span<const unsigned char> text, const CParseLimits& limits) {
   if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-    return {nullptr, "more than 2 GiB of text"};
+    return {nullptr, "more than 2 GiB of text", true};
   return CTreeBuilder(limits).Run(text);
 }
 

@@ -8,7 +8,8 @@
 
 namespace graphics::xml {
 
-/// What a document may have. Trees are walked and freed by recursion, so that their depth must be bounded.
+/// What a document may have. Trees are walked and freed by recursion, so that their depth must be bounded. Entities of
+/// its own it may never have.
 struct CParseLimits {
   int depth;
   int elements;
@@ -18,6 +19,8 @@ struct CParseLimits {
 struct CParsed {
   std::unique_ptr<wxXmlDocument> document;
   std::string problem;
+  /// The text is refused for what it asks for, not for being no XML.
+  bool beyondLimit = false;
 };
 
 /// The tree of elements, texts and CDATA sections. Text that is white space only is left out, as are line breaks with
