@@ -18,7 +18,6 @@ using host::Size;
 
 // What other processors round differently stays below; a shifted edge or letter does not.
 constexpr int tolerance = 4;
-constexpr int allowedPixels = 8;
 
 constexpr Size pageSize{320, 180};
 constexpr Size sampleSize{1280, 720};
@@ -66,7 +65,7 @@ void expectGolden(const fs::path& page, Size size) {
   const Picture expected = test::readPng(reference);
   ASSERT_EQ(output.size(), expected.size());
   const test::Comparison result = test::compare(output.view(), expected.view(), tolerance);
-  if (result.differingPixels <= allowedPixels) return;
+  if (result.differingPixels == 0) return;
 
   fs::create_directories(GOLDEN_DIFFERENCES);
   const std::string prefix = GOLDEN_DIFFERENCES "/" + name;
