@@ -1,7 +1,7 @@
 #include "filter/Parameters.h"
 
 #include "filter/InfoStore.h"
-#include "filter/PageXml.h"
+#include "graphics/geometry/XmlParse.h"
 #include "graphics/model/Base64.h"
 #include "graphics/paint/Toolkit.h"
 
@@ -34,18 +34,20 @@ void setLastError(CInfoStore& store, const std::string& message) {
   std::memcpy(store.lastError.data(), message.c_str(), size);
 }
 
+constexpr graphics::xml::CParseLimits kPageLimits{.depth = 256, .elements = 4'000'000};
+
 bool setPluginData(CInfoStore& store, const char* key, const char* value) {
   const graphics::CToolkitLock lock;
   store.pluginData = std::make_unique<wxXmlDocument>();
-  CPageXml page = ParsePageXml(graphics::DecodeBase64(value));
-  if (!page.document) {
-    std::string message = std::string("could not parse xml for parameter ") + key;
-    if (!page.limit.empty()) message += ": " + page.limit;
-    setLastError(store, message);
-    return false;
+  graphics::xml::CParsed page = graphics::xml::Parse(graphics::DecodeBase64(value), kPageLimits);
+  if (page.document) {
+    store.pluginData = std::move(page.document);
+    return true;
   }
-  store.pluginData = std::move(page.document);
-  return true;
+  std::string message = std::string("could not parse xml for parameter ") + key;
+  if (page.beyondLimit) message += ": " + page.problem;
+  setLastError(store, message);
+  return false;
 }
 
 struct CParameter {

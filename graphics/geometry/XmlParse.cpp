@@ -58,9 +58,9 @@ public:
       result.document = std::make_unique<wxXmlDocument>();
       result.document->SetRoot(root_.release());
     } else {
-      result.beyondLimit = !limit_.empty();
       result.problem = "line " + std::to_string(XML_GetCurrentLineNumber(parser_)) + ": " +
                        (limit_.empty() ? XML_ErrorString(XML_GetErrorCode(parser_)) : limit_);
+      result.beyondLimit = !limit_.empty();
     }
     return result;
   }

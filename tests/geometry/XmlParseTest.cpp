@@ -96,6 +96,18 @@ TEST(XmlParse, RefusesWhatNestsTooDeep) {
   EXPECT_TRUE(parsed.beyondLimit);
 }
 
+TEST(XmlParse, RefusesWhatNestsAMillionDeepWithoutHarm) {
+  std::string text;
+  for (int level = 0; level < 1'000'000; ++level) text += "<a>";
+  EXPECT_TRUE(ParseText(text).beyondLimit);
+}
+
+TEST(XmlParse, ReadsOneByteEncodings) {
+  const CParsed parsed = ParseText("<?xml version='1.0' encoding='windows-1252'?><a name='caf\xE9'/>");
+  ASSERT_NE(parsed.document, nullptr);
+  EXPECT_EQ(parsed.document->GetRoot()->GetAttribute("name"), wxString(L"caf\u00E9"));
+}
+
 TEST(XmlParse, RefusesTooManyElements) {
   EXPECT_NE(ParseText("<a><b/><b/><b/><b/></a>").document, nullptr);
   EXPECT_EQ(ParseText("<a><b/><b/><b/><b/><b/></a>").problem, "line 1: more than 5 elements");
