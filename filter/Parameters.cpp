@@ -1,6 +1,7 @@
 #include "filter/Parameters.h"
 
 #include "filter/InfoStore.h"
+#include "foundation/PlatformNumber.h"
 #include "graphics/geometry/XmlParse.h"
 #include "graphics/model/Base64.h"
 #include "graphics/paint/Toolkit.h"
@@ -9,7 +10,6 @@
 #include <charconv>
 #include <cstring>
 #include <limits>
-#include <locale.h>
 #include <string>
 #include <string_view>
 
@@ -21,12 +21,6 @@ std::int32_t toInt(const char* text) {
   const long long value = std::strtoll(text, nullptr, 10);
   return static_cast<std::int32_t>(
       std::clamp<long long>(value, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
-}
-
-double toDouble(const char* text) {
-  // A host's locale may have a decimal comma; the parameter has a point.
-  static const locale_t plain = newlocale(LC_NUMERIC_MASK, "C", nullptr);
-  return strtod_l(text, nullptr, plain);
 }
 
 void setLastError(CInfoStore& store, const std::string& message) {
@@ -84,7 +78,7 @@ constexpr CParameter kParameters[] = {
     {"height", setNumber<&CInfoStore::height>},
     {"duration",
      [](CInfoStore& store, const char*, const char* value) {
-       store.duration = toDouble(value);
+       store.duration = orlo::readDouble(value);
        return true;
      }},
     {"frameratenum", setNumber<&CInfoStore::frameRateNum>},

@@ -1,7 +1,7 @@
 #include "filter/Parameters.h"
 #include "tests/filter/PageTest.h"
+#include "tests/support/DecimalComma.h"
 
-#include <clocale>
 #include <cstring>
 
 namespace authfilter {
@@ -49,10 +49,9 @@ TEST_F(Parameters, ReadNumbersAsFarAsTheyGo) {
 }
 
 TEST_F(Parameters, ReadADurationWithAPointWhateverTheLocale) {
-  const std::string before = std::setlocale(LC_ALL, nullptr);
-  if (!std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) GTEST_SKIP() << "no locale with a decimal comma here";
+  const CDecimalComma locale;
+  ASSERT_TRUE(locale.IsOk());
   EXPECT_TRUE(Set("duration", "12.5"));
-  std::setlocale(LC_ALL, before.c_str());
   EXPECT_DOUBLE_EQ(store.duration, 12.5);
 }
 

@@ -1,13 +1,10 @@
 #include "foundation/NumberText.h"
 #include "tests/foundation/TextOf.h"
+#include "tests/support/DecimalComma.h"
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
-#include <unistd.h>
 
 namespace orlo {
 namespace {
@@ -51,35 +48,9 @@ TEST(ParseDouble, IsInfiniteForANumberThatIsTooLarge) {
   EXPECT_EQ(parseDouble("-1e999"), -HUGE_VAL);
 }
 
-/// The numbers of a locale with a decimal comma, for a scope.
-class CDecimalComma {
-public:
-  CDecimalComma() {
-    char pattern[] = "/tmp/locale-XXXXXX";
-    folder_ = mkdtemp(pattern);
-    const std::string command = "localedef -i de_DE -f UTF-8 " + (folder_ / "de_DE.UTF-8").string();
-    valid = std::system(command.c_str()) == 0;
-    setenv("LOCPATH", folder_.c_str(), 1);
-    valid = valid && std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr;
-  }
-  ~CDecimalComma() {
-    std::setlocale(LC_ALL, "C");
-    unsetenv("LOCPATH");
-    std::filesystem::remove_all(folder_);
-  }
-  CDecimalComma(const CDecimalComma&) = delete;
-  CDecimalComma& operator=(const CDecimalComma&) = delete;
-
-  bool valid = false;
-
-private:
-  std::filesystem::path folder_;
-};
-
 TEST(ParseDouble, ReadsAPointUnderALocaleWithADecimalComma) {
   const CDecimalComma locale;
-  ASSERT_TRUE(locale.valid);
-  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+  ASSERT_TRUE(locale.IsOk());
   EXPECT_EQ(parseDouble("1.5"), 1.5);
   EXPECT_EQ(parseDouble("-0.25"), -0.25);
   EXPECT_EQ(parseDouble("0.0"), 0.0);

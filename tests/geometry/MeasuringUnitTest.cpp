@@ -1,5 +1,5 @@
 #include "graphics/geometry/MeasuringUnit.h"
-#include "tests/geometry/DecimalComma.h"
+#include "tests/support/DecimalComma.h"
 
 #include <gtest/gtest.h>
 

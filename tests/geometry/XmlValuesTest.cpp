@@ -1,6 +1,6 @@
 #include "graphics/geometry/XmlNode.h"
 #include "graphics/geometry/XmlValues.h"
-#include "tests/geometry/DecimalComma.h"
+#include "tests/support/DecimalComma.h"
 
 #include <gtest/gtest.h>
 
