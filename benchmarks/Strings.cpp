@@ -1,13 +1,12 @@
 #include "benchmarks/Ratios.h"
+#include "benchmarks/SecondThread.h"
 #include "foundation/StringObject.h"
 
 #include <atomic>
-#include <chrono>
 #include <cstdlib>
 #include <memory>
 #include <new>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -38,21 +37,6 @@ const std::string kLong = [] {
   while (text.size() < 4000) text += "Play the movie from chapter two, ";
   return text + "end";
 }();
-
-/// A second thread, without which the library's shared pointers count without atomics.
-class CSecondThread {
-public:
-  ~CSecondThread() {
-    stop_ = true;
-    thread_.join();
-  }
-
-private:
-  std::atomic<bool> stop_{false};
-  std::thread thread_{[this] {
-    while (!stop_) std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }};
-};
 
 void copyOfAString(benchmark::State& state) {
   const CSecondThread second;
