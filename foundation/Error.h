@@ -140,7 +140,7 @@ public:
 class CFileNotFoundError : public CFileError {
 public:
   CFileNotFoundError();
-  explicit CFileNotFoundError(PC<IURI> uri);
+  explicit CFileNotFoundError(const PC<IURI>& uri);
   P<CException> clone() const override { return copyOf(*this); }
 };
 

@@ -26,6 +26,6 @@ CURIError::CURIError(const String& message, const String& title, PC<IURI> uri)
 
 CFileNotFoundError::CFileNotFoundError() : CFileNotFoundError(nullptr) {}
 
-CFileNotFoundError::CFileNotFoundError(PC<IURI> uri) : CFileError(notFoundMessage(uri), "Error", uri) {}
+CFileNotFoundError::CFileNotFoundError(const PC<IURI>& uri) : CFileError(notFoundMessage(uri), "Error", uri) {}
 
 }  // namespace orlo
