@@ -45,7 +45,13 @@ void CThreadLocalStorageManager::freeSlot(std::size_t slot) {
   freeSlots_.resize(slotCount_);
   freeSlots_[slot] = true;
   while (slotCount_ > 0 && freeSlots_[slotCount_ - 1]) --slotCount_;
+
   freeSlots_.resize(slotCount_);
+}
+
+std::size_t CThreadLocalStorageManager::getSlotCount() const {
+  CMutexLock lock(mutex_);
+  return slotCount_;
 }
 
 P<IBase> CThreadLocalStorageManager::get(std::size_t slot) const {

@@ -20,6 +20,8 @@ public:
   std::size_t allocateSlot();
   /// Releases what any thread keeps there.
   void freeSlot(std::size_t slot);
+  /// One more than the highest slot in use.
+  std::size_t getSlotCount() const;
 
   /// The calling thread's object, null if there is none.
   P<IBase> get(std::size_t slot) const;

@@ -139,14 +139,18 @@ TEST(ThreadLocalStorageManager, GivesFreedSlotsOutAgainEmpty) {
   EXPECT_EQ(manager.allocateSlot(), 3U);
 }
 
-TEST(ThreadLocalStorageManager, ForgetsTheFreeSlotsAtItsEnd) {
+TEST(ThreadLocalStorageManager, ShrinksOverFreeSlotsAtItsEnd) {
   CThreadLocalStorageManager manager;
-  for (int i = 0; i < 4; ++i) manager.allocateSlot();
+  for (int i = 0; i < 5; ++i) manager.allocateSlot();
   manager.freeSlot(1);
-  manager.freeSlot(2);
   manager.freeSlot(3);
+  EXPECT_EQ(manager.getSlotCount(), 5U);
+  manager.freeSlot(4);
+  EXPECT_EQ(manager.getSlotCount(), 3U);
+  manager.freeSlot(2);
+  EXPECT_EQ(manager.getSlotCount(), 1U);
   EXPECT_EQ(manager.allocateSlot(), 1U);
-  EXPECT_EQ(manager.allocateSlot(), 2U);
+  EXPECT_EQ(manager.getSlotCount(), 2U);
 }
 
 TEST(ThreadLocalStorageManager, ReleasesWhatIsLeftWhenItGoes) {
