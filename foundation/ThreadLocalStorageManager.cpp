@@ -45,7 +45,6 @@ void CThreadLocalStorageManager::freeSlot(std::size_t slot) {
   freeSlots_.resize(slotCount_);
   freeSlots_[slot] = true;
   while (slotCount_ > 0 && freeSlots_[slotCount_ - 1]) --slotCount_;
-
   freeSlots_.resize(slotCount_);
 }
 
