@@ -6,7 +6,7 @@ namespace {
 
 wxXmlAttribute* FindAttribute(const wxXmlNode& node, const wxString& name) {
   wxXmlAttribute* attribute = node.GetAttributes();
-  while (attribute && !attribute->GetName().IsSameAs(name, false)) attribute = attribute->GetNext();
+  while (attribute && !IsSameName(attribute->GetName(), name)) attribute = attribute->GetNext();
   return attribute;
 }
 
@@ -14,7 +14,7 @@ wxXmlAttribute* FindAttribute(const wxXmlNode& node, const wxString& name) {
 
 const wxXmlNode* FindChild(const wxXmlNode& parent, const wxString& name) {
   for (const wxXmlNode* child = parent.GetChildren(); child; child = child->GetNext())
-    if (child->GetType() == wxXML_ELEMENT_NODE && child->GetName().IsSameAs(name, false)) return child;
+    if (child->GetType() == wxXML_ELEMENT_NODE && IsSameName(child->GetName(), name)) return child;
   return nullptr;
 }
 

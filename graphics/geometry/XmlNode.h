@@ -6,6 +6,11 @@
 /// Nodes and properties of page files. Names compare without regard to case.
 namespace graphics::xml {
 
+/// Equal without regard to case.
+inline bool IsSameName(const wxString& a, const wxString& b) {
+  return a.length() == b.length() && a.IsSameAs(b, false);
+}
+
 /// The first child element of that name, or null.
 const wxXmlNode* FindChild(const wxXmlNode& parent, const wxString& name);
 

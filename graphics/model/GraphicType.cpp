@@ -3,6 +3,7 @@
 #include "foundation/StringLocalizer.h"
 #include "foundation/wxutil/WXError.h"
 #include "foundation/wxutil/WXString.h"
+#include "graphics/geometry/XmlNode.h"
 
 #include <algorithm>
 #include <array>
@@ -54,7 +55,7 @@ std::int32_t FindType(const wxString& name) {
     return result;
   }();
   const auto found =
-      std::find_if(names.begin(), names.end(), [&](const wxString& known) { return name.IsSameAs(known, false); });
+      std::find_if(names.begin(), names.end(), [&](const wxString& known) { return xml::IsSameName(name, known); });
   return found == names.end() ? kNoType : static_cast<std::int32_t>(found - names.begin());
 }
 
