@@ -11,6 +11,13 @@
 
 namespace graphics {
 
+namespace {
+
+/// Letters of a line that are laid out; no picture shows as many.
+constexpr std::size_t kLongestLine = 10'000;
+
+}  // namespace
+
 void CGraphicLabel::Paint(CPaintContext& context) {
   wxDC& dc = *context.dc;
   const CDoubleRect box = BoxOf(*this, context);
@@ -21,7 +28,7 @@ void CGraphicLabel::Paint(CPaintContext& context) {
   int y = TruncateToPixel(box.top);
   for (std::size_t begin = 0; begin < label_.length() && y < bottom;) {
     const std::size_t end = std::min(label_.find('\n', begin), label_.length());
-    const wxString line = label_.Mid(begin, end - begin);
+    const wxString line = label_.Mid(begin, std::min(end - begin, kLongestLine));
     dc.DrawText(line, x, y);
     y += dc.GetTextExtent(line.empty() ? wxString(" ") : line).y;
     begin = end + 1;

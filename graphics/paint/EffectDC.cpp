@@ -71,4 +71,9 @@ CCircleTextState CEffectDC::DrawCircleTextFrom(const wxString& text, wxPoint cen
   return impl_.DrawCircleTextFrom(text, centre, {radius, angle, offset, false});
 }
 
+template class TEffectDC<wxMemoryDC, wxBitmap&>;
+template class TEffectDC<wxGCDC, wxMemoryDC&>;
+template class TEffectDC<wxGCDC, wxBitmap&>;
+template class TEffectDC<wxGCDC, wxWindowDC&>;
+
 }  // namespace graphics

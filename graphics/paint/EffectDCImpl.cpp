@@ -6,6 +6,9 @@
 #include "graphics/paint/PixelRange.h"
 #include "graphics/paint/native/DrawingTarget.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <vector>
 
 namespace graphics {
@@ -35,7 +38,36 @@ struct CEdges {
         top(ToNearPixel(y)),
         width(ToNearPixel(std::int64_t{x} + w) - left),
         height(ToNearPixel(std::int64_t{y} + h) - top) {}
+  int Extent() const { return std::max(std::abs(width), std::abs(height)); }
+
   int left, top, width, height;
+};
+
+/// The font library applies a scale twice on its way to a letter and fails above 65535 pixels. A surface that drawing
+/// has failed on stays unusable for good, and so does the font.
+constexpr double kLargestLetter = 60000;
+
+/// A dash pattern along so many pixels has more dashes than anyone can wait for.
+constexpr int kLongestDashed = 100'000;
+
+/// Draws dashed outlines of things far larger than any picture with a solid pen.
+class CSolidIfLong {
+public:
+  CSolidIfLong(CEffectDCImpl& dc, int extent) : dc_(dc), pen_(dc.GetPen()) {
+    if (extent <= kLongestDashed || !pen_.IsOk() || pen_.IsTransparent()) return;
+    replaced_ = pen_.GetStyle() != wxPENSTYLE_SOLID;
+    if (replaced_) dc_.SetBasePen(wxPen(pen_.GetColour(), pen_.GetWidth(), wxPENSTYLE_SOLID));
+  }
+  CSolidIfLong(const CSolidIfLong&) = delete;
+  CSolidIfLong& operator=(const CSolidIfLong&) = delete;
+  ~CSolidIfLong() {
+    if (replaced_) dc_.SetBasePen(pen_);
+  }
+
+private:
+  CEffectDCImpl& dc_;
+  const wxPen pen_;
+  bool replaced_ = false;
 };
 
 }  // namespace
@@ -143,7 +175,17 @@ void CEffectDCImpl::DoDrawText(const wxString& text, wxCoord x, wxCoord y) {
 }
 
 void CEffectDCImpl::DrawBaseText(const wxString& text, wxCoord x, wxCoord y) {
-  wxGCDCImpl::DoDrawText(text, ToNearPixel(x), ToNearPixel(y));
+  if (CanDrawLetters()) wxGCDCImpl::DoDrawText(text, ToNearPixel(x), ToNearPixel(y));
+}
+
+bool CEffectDCImpl::CanDrawLetters() const {
+  if (!m_graphicContext || !m_font.IsOk()) return false;
+  double a = 0, b = 0, c = 0, d = 0;
+  m_graphicContext->GetTransform().Get(&a, &b, &c, &d);
+  const double larger = std::max(std::hypot(a, b), std::hypot(c, d));
+  const double smaller = std::abs(a * d - b * c) / larger;
+  const double letter = m_font.GetFractionalPointSize() * GetPPI().y / 72 * larger;
+  return letter * std::max({1.0, larger, 1 / smaller}) <= kLargestLetter;
 }
 
 void CEffectDCImpl::DrawHaloText(const wxString& text, wxCoord x, wxCoord y) {
@@ -166,7 +208,7 @@ void CEffectDCImpl::DoDrawRotatedText(const wxString& text, wxCoord x, wxCoord y
   // The base hands upright text to DoDrawText, where text on a circle would come back to here.
   if (angle == 0.0)
     DrawBaseText(text, x, y);
-  else
+  else if (CanDrawLetters())
     wxGCDCImpl::DoDrawRotatedText(text, ToNearPixel(x), ToNearPixel(y), angle);
 }
 
@@ -176,6 +218,7 @@ void CEffectDCImpl::DoDrawLine(wxCoord x1, wxCoord y1, wxCoord x2, wxCoord y2) {
   const wxPoint to(ToNearPixel(x2), ToNearPixel(y2));
   const bool upright = from.x == to.x || from.y == to.y;
   if (!upright || !IsHairline(m_pen) || m_pen.GetStyle() != wxPENSTYLE_SOLID) {
+    const CSolidIfLong solid(*this, std::max(std::abs(to.x - from.x), std::abs(to.y - from.y)));
     wxGCDCImpl::DoDrawLine(from.x, from.y, to.x, to.y);
     return;
   }
@@ -189,24 +232,35 @@ void CEffectDCImpl::DoDrawLine(wxCoord x1, wxCoord y1, wxCoord x2, wxCoord y2) {
 }
 
 void CEffectDCImpl::DoDrawRectangle(wxCoord x, wxCoord y, wxCoord width, wxCoord height) {
+  if (!m_graphicContext) return;
   const CEdges edges(x, y, width, height);
+  const CSolidIfLong solid(*this, edges.Extent());
   wxGCDCImpl::DoDrawRectangle(edges.left, edges.top, edges.width, edges.height);
 }
 
 void CEffectDCImpl::DoDrawRoundedRectangle(wxCoord x, wxCoord y, wxCoord width, wxCoord height, double radius) {
+  if (!m_graphicContext) return;
   const CEdges edges(x, y, width, height);
+  const CSolidIfLong solid(*this, edges.Extent());
   wxGCDCImpl::DoDrawRoundedRectangle(edges.left, edges.top, edges.width, edges.height, radius);
 }
 
 void CEffectDCImpl::DoDrawEllipse(wxCoord x, wxCoord y, wxCoord width, wxCoord height) {
+  if (!m_graphicContext) return;
   const CEdges edges(x, y, width, height);
+  const CSolidIfLong solid(*this, edges.Extent());
   wxGCDCImpl::DoDrawEllipse(edges.left, edges.top, edges.width, edges.height);
 }
 
 void CEffectDCImpl::DoDrawPolygon(int n, const wxPoint points[], wxCoord dx, wxCoord dy, wxPolygonFillMode fill) {
+  if (!m_graphicContext) return;
   std::vector<wxPoint> near(points, points + std::max(n, 0));
-  for (wxPoint& point : near)
+  int extent = 0;
+  for (wxPoint& point : near) {
     point = {ToNearPixel(std::int64_t{point.x} + dx), ToNearPixel(std::int64_t{point.y} + dy)};
+    extent = std::max({extent, std::abs(point.x), std::abs(point.y)});
+  }
+  const CSolidIfLong solid(*this, extent);
   wxGCDCImpl::DoDrawPolygon(n, near.data(), 0, 0, fill);
 }
 

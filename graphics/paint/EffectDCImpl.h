@@ -65,6 +65,7 @@ public:
 private:
   void DrawBaseText(const wxString& text, wxCoord x, wxCoord y);
   void DrawBaseBitmap(const wxBitmap& bitmap, wxCoord x, wxCoord y, bool useMask);
+  bool CanDrawLetters() const;
   void DrawHaloText(const wxString& text, wxCoord x, wxCoord y);
   void DrawBitmapAsMask(const wxBitmap& bitmap, wxCoord x, wxCoord y, bool useMask);
 

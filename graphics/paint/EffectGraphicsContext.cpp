@@ -1,6 +1,7 @@
 #include "graphics/paint/EffectGraphicsContext.h"
 
 #include "graphics/paint/MaskPictures.h"
+#include "graphics/paint/PixelRange.h"
 #include "graphics/paint/native/DrawingTarget.h"
 
 #include <wx/brush.h>
@@ -9,6 +10,14 @@
 #include <cmath>
 
 namespace graphics {
+
+namespace {
+
+/// Page units are millimetres or pixels; no element that can be seen is scaled more.
+constexpr double kSmallestScale = 1.0e-4;
+constexpr double kLargestScale = 1.0e4;
+
+}  // namespace
 
 void TEffectGraphicsContext::DrawBitmap(const wxBitmap& bitmap, double x, double y, double w, double h) {
   if (!bitmap.IsOk()) return;
@@ -48,8 +57,12 @@ void TEffectGraphicsContext::SetTransform(const wxGraphicsMatrix& matrix) {
   double a = 0, b = 0, c = 0, d = 0, tx = 0, ty = 0;
   matrix.Get(&a, &b, &c, &d, &tx, &ty);
   const double determinant = a * d - b * c;
-  const bool usable =
-      std::isfinite(determinant) && std::isfinite(tx) && std::isfinite(ty) && std::abs(determinant) > 1e-12;
+  const auto isScale = [](double x, double y) {
+    const double scale = std::hypot(x, y);
+    return scale >= kSmallestScale && scale <= kLargestScale;
+  };
+  const bool usable = isScale(a, b) && isScale(c, d) && std::abs(determinant) >= kSmallestScale * kSmallestScale &&
+                      std::abs(tx) <= kFarthestPixel && std::abs(ty) <= kFarthestPixel;
   if (usable)
     context->SetTransform(matrix);
   else

@@ -19,7 +19,8 @@ public:
   virtual wxGraphicsMatrix GetTransform() const;
   virtual void PushState();
   virtual void PopState();
-  /// A matrix that flattens everything or has no finite entries hides what is drawn until PopState.
+  /// A matrix that flattens everything, scales by more than 10000 either way or leads farther than kFarthestPixel hides
+  /// what is drawn until PopState.
   virtual void SetTransform(const wxGraphicsMatrix& matrix);
   /// For graphics/paint/native alone.
   virtual void* GetNativeContext() const;

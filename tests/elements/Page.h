@@ -3,6 +3,7 @@
 #include "foundation/Cast.h"
 #include "foundation/Pointer.h"
 #include "graphics/model/Base64Resources.h"
+#include "graphics/model/GraphicElement.h"
 #include "graphics/paint/PaintContext.h"
 #include "tests/paint/Canvas.h"
 

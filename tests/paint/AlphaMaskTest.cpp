@@ -194,6 +194,31 @@ TEST_F(EffectContext, SurvivesPlacesAndMatricesThatNothingFitsInto) {
   EXPECT_EQ(canvas_.At(0, 0), kBlue);
 }
 
+TEST_F(EffectContext, TheSurfaceStaysUsableAfterTextAndBitmapsAtSenselessScales) {
+  const wxBitmap large = MakeAlphaBitmap(4000, 3000);
+  const wxFont font(wxFontInfo(100).FaceName("DejaVu Sans"));
+  for (const CDoublePoint scale : {CDoublePoint(60, 60), {10, 0.01}, {0.0001, 0.0001}, {9999, 9999}, {1e300, 1e-300}}) {
+    context_->PushState();
+    context_->SetTransform(context_->CreateMatrix(scale.x, 0, 0, scale.y, 0, 0));
+    smooth_.SetFont(font);
+    smooth_.DrawText("Text", 0, 0);
+    smooth_.DrawRotatedText("Text", 0, 0, 45);
+    context_->DrawBitmap(large, 0, 0, 1.0 / 256, 1.0 / 256);
+    context_->DrawBitmap(large, 0, 0, 1e6, 1e6);
+    context_->PopState();
+  }
+  smooth_.SetPen(*wxTRANSPARENT_PEN);
+  smooth_.SetBrush(*wxBLUE_BRUSH);
+  smooth_.DrawRectangle(0, 0, 60, 40);
+  EXPECT_EQ(canvas_.At(59, 39), kBlue);
+  smooth_.SetTextForeground(*wxRED);
+  smooth_.DrawText("TTTT", 0, -60);
+  int red = 0;
+  for (int y = 0; y < 40; ++y)
+    for (int x = 0; x < 60; ++x) red += canvas_.At(x, y) == kRed;
+  EXPECT_GT(red, 40);
+}
+
 TEST_F(EffectContext, ForwardsTransformStateAndClipping) {
   const wxBitmap bitmap = BlueFading();
   context_->PushState();

@@ -14,7 +14,7 @@ TEST(Toolkit, StartsAnyNumberOfTimesFromAnyThread) {
   std::vector<std::thread> threads;
   for (int i = 0; i < 4; ++i) threads.emplace_back([] { StartToolkit(); });
   for (std::thread& thread : threads) thread.join();
-  EXPECT_NE(wxTheApp, nullptr);
+  EXPECT_NE(wxAppConsole::GetInstance(), nullptr);
 }
 
 TEST(Toolkit, HasItsStockFontsWithoutADisplay) {

@@ -29,8 +29,9 @@ constexpr std::int64_t kLargestBitmapArea = std::int64_t{1} << 28;
 wxBitmap MakeAlphaBitmap(int width, int height);
 
 /// Holds a bitmap's own memory: the address stays for the life of the bitmap, and the memory lives on while a surface
-/// refers to it. Nothing is copied or converted. Making one needs the toolkit's lock; reading and writing the
-/// pixels of a bitmap that nobody draws on doesn't.
+/// refers to it. Nothing is copied or converted. A wxImage made from the bitmap shows pixels that were changed here
+/// only if a surface or a context was made on the bitmap after the last such image. Making one needs the toolkit's
+/// lock; reading and writing the pixels of a bitmap that nobody draws on doesn't.
 class CBitmapSurface {
 public:
   CBitmapSurface() = default;

@@ -4,14 +4,30 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace graphics {
 
 namespace {
 
-constexpr double kSmallestExtent = 1.0 / 256;
-constexpr double kLargestExtent = 1.0e6;
+/// Beyond these the graphics library fails, and a surface that it has failed on stays unusable for good.
+constexpr double kSmallestScale = 1.0 / 16384;
+constexpr double kLargestScale = 1.0e6;
+/// Averaging so many source pixels into one costs more than anyone sees.
+constexpr double kSmallestFilteredScale = 1.0 / 256;
+constexpr double kFarthest = 1.0e6;
+
+class CSavedState {
+public:
+  explicit CSavedState(cairo_t* native) : native_(native) { cairo_save(native_); }
+  CSavedState(const CSavedState&) = delete;
+  CSavedState& operator=(const CSavedState&) = delete;
+  ~CSavedState() { cairo_restore(native_); }
+
+private:
+  cairo_t* native_;
+};
 
 cairo_t* NativeOf(wxGraphicsContext& context) {
   return static_cast<cairo_t*>(context.GetNativeContext());
@@ -34,9 +50,21 @@ void ClipLike(cairo_t* native, cairo_t* source) {
   cairo_clip(native);
 }
 
-bool IsDrawable(double extent) {
-  return std::isfinite(extent) && std::abs(extent) >= kSmallestExtent && std::abs(extent) <= kLargestExtent;
+bool IsNear(double coordinate) {
+  return std::abs(coordinate) <= kFarthest;
 }
+
+struct CScale {
+  explicit CScale(cairo_t* native) {
+    cairo_matrix_t matrix;
+    cairo_get_matrix(native, &matrix);
+    const double x = std::hypot(matrix.xx, matrix.yx);
+    const double y = std::hypot(matrix.xy, matrix.yy);
+    smaller = std::min(x, y);
+    larger = std::max(x, y);
+  }
+  double smaller, larger;
+};
 
 }  // namespace
 
@@ -55,27 +83,31 @@ CDrawingTarget TargetOf(wxDC& dc) {
 
 void FillPixels(wxGraphicsContext& context, double x, double y, double width, double height, const wxColour& colour) {
   cairo_t* const native = NativeOf(context);
-  cairo_save(native);
+  const CSavedState saved(native);
   cairo_set_source_rgba(native, colour.Red() / 255.0, colour.Green() / 255.0, colour.Blue() / 255.0,
                         colour.Alpha() / 255.0);
   cairo_new_path(native);
   cairo_rectangle(native, x, y, width, height);
   cairo_fill(native);
-  cairo_restore(native);
 }
 
 void DrawBitmapInto(wxGraphicsContext& context, const wxBitmap& bitmap, double x, double y, double width, double height,
                     bool useMask) {
-  if (!bitmap.IsOk() || !std::isfinite(x) || !std::isfinite(y) || !IsDrawable(width) || !IsDrawable(height)) return;
+  if (!bitmap.IsOk() || !IsNear(x) || !IsNear(y) || !IsNear(width) || !IsNear(height)) return;
   const double columns = bitmap.GetWidth();
   const double rows = bitmap.GetHeight();
+  if (std::abs(width) < columns * kSmallestScale || std::abs(height) < rows * kSmallestScale) return;
   cairo_t* const native = NativeOf(context);
-  cairo_save(native);
+  const CSavedState saved(native);
   cairo_translate(native, x, y);
   cairo_scale(native, width / columns, height / rows);
+  const CScale scale(native);
+  if (!(scale.smaller >= kSmallestScale && scale.larger <= kLargestScale)) return;
   bitmap.SetSourceSurface(native, 0, 0);
   cairo_pattern_t* const pattern = cairo_get_source(native);
-  cairo_pattern_set_filter(pattern, static_cast<cairo_filter_t>(FilterOf(native)));
+  cairo_pattern_set_filter(pattern, scale.smaller < kSmallestFilteredScale
+                                        ? CAIRO_FILTER_BILINEAR
+                                        : static_cast<cairo_filter_t>(FilterOf(native)));
   const wxMask* const mask = useMask ? bitmap.GetMask() : nullptr;
   if (mask) {
     cairo_mask_surface(native, *mask, 0, 0);
@@ -85,7 +117,6 @@ void DrawBitmapInto(wxGraphicsContext& context, const wxBitmap& bitmap, double x
     cairo_rectangle(native, 0, 0, columns, rows);
     cairo_fill(native);
   }
-  cairo_restore(native);
 }
 
 }  // namespace graphics
