@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <random>
 #include <string.h>
+#include <utility>
 
 namespace test {
 
@@ -35,6 +36,11 @@ void Instance::open() {
 
 void Instance::input(const Pixels& pixels) {
   module.setInputImage(handle, 1, 2, 3, 4, 5, pixels.empty() ? nullptr : pixels.data(), width * 4);
+}
+
+void Instance::input(Pixels&& pixels) {
+  const Pixels former = std::exchange(kept_, std::move(pixels));
+  input(std::as_const(kept_));
 }
 
 Instance::View Instance::begin() {

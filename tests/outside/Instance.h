@@ -31,7 +31,10 @@ public:
   // The message as far as it is terminated or the buffer goes.
   std::string lastError() const;
   void open();
+  // The module reads the pixels at each repaint: the first form leaves it to the caller to keep them, the second one
+  // keeps them here. No pixels are no input.
   void input(const Pixels& pixels);
+  void input(Pixels&& pixels);
 
   struct View {
     std::uint8_t* pixels = nullptr;
@@ -41,6 +44,9 @@ public:
   void end();
   // nextFrame, beginReadFrame, a copy and endReadFrame.
   Pixels frame(int frameWidth = width, int frameHeight = height);
+
+private:
+  Pixels kept_;
 };
 
 std::string toBase64(const std::string& bytes);
