@@ -7,6 +7,7 @@
 #include <wx/gdicmn.h>
 #include <wx/init.h>
 #include <wx/log.h>
+#include <wx/thread.h>
 
 namespace graphics {
 
@@ -43,6 +44,8 @@ void Start() {
   if (!wxAppConsole::GetInstance()) {
     wxApp::SetInstance(new wxAppConsole);
     if (!wxInitialize()) throw orlo::CError("The graphics toolkit could not be started");
+    // Held for an event loop's sake since the start; here nobody runs one.
+    wxMutexGuiLeave();
     SilenceToolkit();
   }
   if (!wxAppConsole::GetInstance()->IsGUI()) CStockFonts::Fill();
