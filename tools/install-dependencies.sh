@@ -7,7 +7,7 @@ packages=(
   libwxgtk3.2-dev libcairo2-dev libexpat1-dev libxml2-dev
   libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libavfilter-dev
   libcli11-dev libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
-  fonts-dejavu-core locales ffmpeg libxml2-utils binutils clang-format
+  fonts-dejavu-core locales unicode-data ffmpeg libxml2-utils binutils clang-format
 )
 
 missing=()
