@@ -55,8 +55,8 @@ void CEffectDC::DrawCircleText(const wxString& text, wxPoint centre, double radi
   DrawCircleTextFrom(text, centre, radius, angle, 0.0);
 }
 
-void CEffectDC::DrawOutlinedText(const wxString& text, std::int32_t x, std::int32_t y, wxColour fill,
-                                 wxColour outline) {
+void CEffectDC::DrawOutlinedText(const wxString& text, std::int32_t x, std::int32_t y, const wxColour& fill,
+                                 const wxColour& outline) {
   x = ToNearPixel(x);
   y = ToNearPixel(y);
   SetTextForeground(outline);

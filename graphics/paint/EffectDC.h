@@ -50,7 +50,8 @@ public:
   virtual void DrawCircleText(const wxString& text, wxPoint centre, double radius, double angle);
   /// Lines are drawn one below the other, each in the outline's colour one pixel off to every side, then in the
   /// fill's.
-  virtual void DrawOutlinedText(const wxString& text, std::int32_t x, std::int32_t y, wxColour fill, wxColour outline);
+  virtual void DrawOutlinedText(const wxString& text, std::int32_t x, std::int32_t y, const wxColour& fill,
+                                const wxColour& outline);
   /// Letters one by one along a circle that tightens to a spiral, by one letter height a turn. Nothing is drawn below
   /// a radius of 15 pixels.
   virtual CCircleTextState DrawCircleTextFrom(const wxString& text, wxPoint centre, double radius, double angle,
