@@ -7,7 +7,7 @@ namespace host {
 
 // A page's XML as it stands in its file.
 struct PageFile {
-  static constexpr std::size_t maxBytes = 256 * 1024 * 1024;
+  static constexpr std::size_t maxBytes = std::size_t{256} << 20;
 
   std::string path;
   std::string xml;

@@ -20,12 +20,13 @@ FrameOwner toPngFrame(const PictureView& picture) {
   if (av_frame_get_buffer(frame.get(), 0) < 0) throw std::bad_alloc();
 
   std::vector<std::uint8_t> rgba(static_cast<std::size_t>(picture.size.width) * 4);
-  const int bytesPerPixel = opaque ? 3 : 4;
+  const std::size_t bytesPerPixel = opaque ? 3 : 4;
   for (int y = 0; y < picture.size.height; ++y) {
     toStraightRgba(picture.row(y), rgba.data(), picture.size.width);
     std::uint8_t* target = frame->data[0] + static_cast<std::ptrdiff_t>(y) * frame->linesize[0];
-    for (int x = 0; x < picture.size.width; ++x)
-      std::copy_n(rgba.data() + x * 4, bytesPerPixel, target + x * bytesPerPixel);
+    for (std::size_t at = 0; at < rgba.size(); at += 4, target += bytesPerPixel) {
+      std::copy_n(rgba.data() + at, bytesPerPixel, target);
+    }
   }
   return frame;
 }
