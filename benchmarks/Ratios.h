@@ -14,7 +14,8 @@ struct CRatio {
   double goal;
 };
 
-/// Runs all benchmarks, then prints the ratios of the fastest repetitions.
+/// Runs all benchmarks, then prints the ratios of the medians of their repetitions. Repetitions of different
+/// benchmarks take turns, so that a machine that is slow for a while is slow for all of them.
 inline int RunWithRatios(int argc, char** argv, const std::vector<CRatio>& ratios) {
   class CReporter : public benchmark::ConsoleReporter {
   public:
@@ -22,27 +23,38 @@ inline int RunWithRatios(int argc, char** argv, const std::vector<CRatio>& ratio
       benchmark::ConsoleReporter::ReportRuns(runs);
       for (const Run& run : runs) {
         if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
-        const std::string name =
-            run.run_name.function_name + (run.run_name.args.empty() ? "" : "/") + run.run_name.args;
-        const double time = run.GetAdjustedRealTime();
-        const auto [entry, isNew] = fastest.try_emplace(name, time);
-        if (!isNew && time < entry->second) entry->second = time;
+        const std::string arguments = run.run_name.args.empty() ? "" : "/" + run.run_name.args;
+        times_[run.run_name.function_name + arguments].push_back(run.GetAdjustedRealTime());
       }
     }
-    std::map<std::string, double> fastest;
+    /// 0 for what was not measured.
+    double Median(const std::string& name) {
+      std::vector<double>& times = times_[name];
+      if (times.empty()) return 0;
+      const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+      std::nth_element(times.begin(), middle, times.end());
+      return *middle;
+    }
+
+  private:
+    std::map<std::string, std::vector<double>> times_;
   };
 
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  char interleaving[] = "--benchmark_enable_random_interleaving=true";
+  std::vector<char*> arguments(argv, argv + argc);
+  arguments.insert(arguments.begin() + 1, interleaving);
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 1;
   CReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   std::printf("\n");
   for (const CRatio& ratio : ratios) {
-    const auto measured = reporter.fastest.find(ratio.measured);
-    const auto peer = reporter.fastest.find(ratio.peer);
-    if (measured == reporter.fastest.end() || peer == reporter.fastest.end()) continue;
+    const double measured = reporter.Median(ratio.measured);
+    const double peer = reporter.Median(ratio.peer);
+    if (measured == 0 || peer == 0) continue;
     std::printf("%-32s / %-28s = %7.3f   (goal: at most %g)\n", ratio.measured.c_str(), ratio.peer.c_str(),
-                measured->second / peer->second, ratio.goal);
+                measured / peer, ratio.goal);
   }
   return 0;
 }

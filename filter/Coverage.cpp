@@ -6,6 +6,9 @@ namespace {
 
 // A run shorter than this costs more to tell apart than to blend with its neighbours.
 constexpr std::int32_t kShortRun = 16;
+// A row with a gap in what is read of the input takes longer than one that is read and blended throughout, so that only
+// a long run is worth copying without a look at what lies below.
+constexpr std::int32_t kWorthCopying = 1024;
 
 enum class EKind { transparent, translucent, opaque };
 
@@ -46,7 +49,7 @@ void CCoverage::AddRow(const std::uint8_t* pixels, std::int32_t width) {
     if (kind == EKind::transparent) continue;
 
     // Blending is right for every kind of pixel, so short runs and short gaps join what stands before them.
-    const CRun run{begin, x - begin, kind == EKind::opaque};
+    const CRun run{begin, x - begin, kind == EKind::opaque && x - begin >= kWorthCopying};
     CRun* last = runs_.size() > rowBegin ? &runs_.back() : nullptr;
     const bool near = last && begin - (last->x + last->count) < kShortRun;
     const bool bothLong = last && last->count >= kShortRun && run.count >= kShortRun;

@@ -15,6 +15,7 @@ public:
   struct CRun {
     std::int32_t x = 0;
     std::int32_t count = 0;
+    /// The picture hides what lies below, and is worth copying instead of blending.
     bool opaque = false;
   };
 

@@ -39,17 +39,24 @@ TEST(Coverage, OfATransparentPictureHasNoRuns) {
   EXPECT_TRUE(CCoverage(picture.Pixels()).Row(0).empty());
 }
 
-TEST(Coverage, TellsOpaqueRunsFromTranslucentOnes) {
-  CRowPicture picture(alphas({{0, 50}, {255, 40}, {128, 40}, {0, 50}}));
+TEST(Coverage, TellsLongOpaqueRunsFromTranslucentOnes) {
+  CRowPicture picture(alphas({{0, 50}, {255, 1024}, {128, 40}, {0, 50}}));
   const CCoverage coverage(picture.Pixels());
   const auto runs = coverage.Row(0);
   ASSERT_EQ(runs.size(), 2u);
   EXPECT_EQ(runs[0].x, 50);
-  EXPECT_EQ(runs[0].count, 40);
+  EXPECT_EQ(runs[0].count, 1024);
   EXPECT_TRUE(runs[0].opaque);
-  EXPECT_EQ(runs[1].x, 90);
+  EXPECT_EQ(runs[1].x, 1074);
   EXPECT_EQ(runs[1].count, 40);
   EXPECT_FALSE(runs[1].opaque);
+}
+
+TEST(Coverage, BlendsShortOpaqueRuns) {
+  CRowPicture picture(alphas({{255, 1023}, {0, 50}}));
+  const CCoverage coverage(picture.Pixels());
+  ASSERT_EQ(coverage.Row(0).size(), 1u);
+  EXPECT_FALSE(coverage.Row(0)[0].opaque);
 }
 
 TEST(Coverage, JoinsShortRunsOverShortGaps) {
@@ -60,16 +67,18 @@ TEST(Coverage, JoinsShortRunsOverShortGaps) {
   EXPECT_EQ(runs[0].count, 9);
   EXPECT_FALSE(runs[0].opaque);
   EXPECT_EQ(runs[1].x, 69);
-  EXPECT_TRUE(runs[1].opaque);
 }
 
 TEST(Coverage, HoldsEveryPixelThatIsNotTransparentOnceAndCallsOnlyOpaqueOnesOpaque) {
   std::mt19937 random(7);
   for (int round = 0; round < 200; ++round) {
     std::vector<std::uint8_t> row;
-    while (row.size() < 300) {
+    while (row.size() < 4000) {
       const auto kind = random() % 3;
-      row.insert(row.end(), random() % 50, static_cast<std::uint8_t>(kind == 0 ? 0 : kind == 1 ? 255 : 100));
+      row.insert(row.end(), random() % (round % 2 ? 50 : 2000),
+                 static_cast<std::uint8_t>(kind == 0   ? 0
+                                           : kind == 1 ? 255
+                                                       : 100));
     }
     CRowPicture picture(row);
     const CCoverage coverage(picture.Pixels());
