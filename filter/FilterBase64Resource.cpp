@@ -2,8 +2,6 @@
 
 #include "graphics/model/Picture.h"
 
-#include <utility>
-
 namespace authfilter {
 
 namespace {
@@ -19,17 +17,20 @@ CFilterBase64Resource::CFilterBase64Resource(const wxString& directory)
 
 std::unique_ptr<wxBitmap> CFilterBase64Resource::ReadBitmap(const wxXmlNode& node, const wxString& name,
                                                             wxFileName& file) {
-  return IsGone(file) ? LoadSubstitute() : CBase64Resources::ReadBitmap(node, name, file);
+  if (IsGone(file)) return LoadSubstitute();
+  return CBase64Resources::ReadBitmap(node, name, file);
 }
 
 std::unique_ptr<wxBitmap> CFilterBase64Resource::ReadBitmapOfType(const wxXmlNode& node, const wxString& name,
                                                                   wxBitmapType type, wxFileName& file) {
-  return IsGone(file) ? LoadSubstitute() : CBase64Resources::ReadBitmapOfType(node, name, type, file);
+  if (IsGone(file)) return LoadSubstitute();
+  return CBase64Resources::ReadBitmapOfType(node, name, type, file);
 }
 
 std::unique_ptr<wxBitmap> CFilterBase64Resource::LoadSubstitute() const {
   auto bitmap = graphics::MakeBitmap(graphics::LoadPictureFile(substituteFile_));
-  return bitmap ? std::move(bitmap) : std::make_unique<wxBitmap>();
+  if (!bitmap) bitmap = std::make_unique<wxBitmap>();
+  return bitmap;
 }
 
 }  // namespace authfilter
