@@ -59,8 +59,7 @@ std::vector<unsigned char> DecodeBase64(std::string_view text) {
 }
 
 std::vector<unsigned char> DecodeBase64Text(const wxString& text) {
-  const wxCharBuffer narrow = text.mb_str(wxConvLibc);
-  return DecodeBase64(std::string_view(narrow.data(), narrow.length()));
+  return DecodeBase64(text.ToStdString(wxConvLibc));
 }
 
 }  // namespace graphics

@@ -51,6 +51,7 @@ constexpr std::int32_t kNoType = -1;
 std::int32_t FindType(const wxString& name) {
   static const std::vector<wxString> names = [] {
     std::vector<wxString> result;
+    result.reserve(kKinds.size());
     for (const CKind& kind : kKinds) result.emplace_back(kind.xmlName);
     return result;
   }();

@@ -47,7 +47,7 @@ std::unique_ptr<wxBitmap> MakeBitmap(const wxImage& image) {
 }
 
 std::vector<unsigned char> ReadBytes(wxInputStream& stream, std::size_t limit) {
-  constexpr std::size_t kChunk = 64 * 1024;
+  constexpr std::size_t kChunk = std::size_t{64} * 1024;
   std::vector<unsigned char> bytes;
   while (bytes.size() < limit) {
     const std::size_t before = bytes.size();
