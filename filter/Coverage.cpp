@@ -28,7 +28,7 @@ std::uint32_t pixelAt(const std::uint8_t* row, std::int32_t x) {
 CCoverage::CCoverage(const graphics::CPixels& picture) {
   rowEnds_.reserve(static_cast<std::size_t>(picture.height));
   for (std::int32_t y = 0; y < picture.height; ++y) {
-    AddRow(picture.data + static_cast<std::ptrdiff_t>(y) * picture.stride, picture.width);
+    AddRow(picture.Row(y), picture.width);
     rowEnds_.push_back(runs_.size());
   }
   runs_.shrink_to_fit();

@@ -39,9 +39,9 @@ void CFrame::Blend(const graphics::CPixels& picture, const CCoverage& coverage) 
   const graphics::CPixels page = surface_.Pixels();
   const bool inPlace = background_.rows == nullptr;
   for (std::int32_t y = 0; y < page.height; ++y) {
-    std::uint8_t* out = page.data + static_cast<std::ptrdiff_t>(y) * page.stride;
+    std::uint8_t* out = page.Row(y);
     const std::uint8_t* below = inPlace ? out : background_.rows + y * background_.stride;
-    const std::uint8_t* above = picture.data + static_cast<std::ptrdiff_t>(y) * picture.stride;
+    const std::uint8_t* above = picture.Row(y);
     std::ptrdiff_t settled = 0;
     for (const CCoverage::CRun& run : coverage.Row(y)) {
       if (!inPlace) copyPixels(out, below, settled, run.x);
@@ -73,8 +73,7 @@ void CFrame::SettleBackground() {
   surface_.Flush();
   const graphics::CPixels page = surface_.Pixels();
   for (std::int32_t y = 0; y < page.height; ++y)
-    copyPixels(page.data + static_cast<std::ptrdiff_t>(y) * page.stride, background_.rows + y * background_.stride, 0,
-               page.width);
+    copyPixels(page.Row(y), background_.rows + y * background_.stride, 0, page.width);
   background_ = {};
   surface_.MarkDirty();
 }

@@ -22,6 +22,7 @@ void CInfoStore::Open() {
   if (width <= 0 || height <= 0) return;
   pageBitmap = std::make_unique<wxBitmap>(graphics::MakeAlphaBitmap(width, height));
   pageSurface.emplace(*pageBitmap);
+  blackRow_.assign(static_cast<std::size_t>(width), 0xFF000000u);
   LoadPage(*this);
 }
 
@@ -58,11 +59,7 @@ void CInfoStore::NewThread() {
 void CInfoStore::Repaint() {
   repaint = false;
   CBackground background{inputPixels, inputStride};
-  std::vector<std::uint32_t> blackRow;
-  if (noAlpha) {
-    blackRow.assign(static_cast<std::size_t>(pageSurface->Pixels().width), 0xFF000000u);
-    background = {reinterpret_cast<const std::uint8_t*>(blackRow.data()), 0};
-  }
+  if (noAlpha) background = {reinterpret_cast<const std::uint8_t*>(blackRow_.data()), 0};
   CFrame frame(*pageBitmap, *pageSurface, background, pageTransform);
   for (const auto& layer : layers) layer->Paint(frame);
 }

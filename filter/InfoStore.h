@@ -66,6 +66,9 @@ struct CInfoStore {
 
 private:
   void Repaint();
+
+  /// What lies below every row of a page on black.
+  std::vector<std::uint32_t> blackRow_;
 };
 
 }  // namespace authfilter
