@@ -11,6 +11,7 @@ target_compile_options(toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
 target_link_libraries(toolkit INTERFACE ${wxWidgets_LIBRARIES})
 
 pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo)
+pkg_check_modules(PANGO REQUIRED IMPORTED_TARGET pangocairo)
 pkg_check_modules(EXPAT REQUIRED IMPORTED_TARGET expat)
 pkg_check_modules(FFMPEG REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil libswscale)
 pkg_check_modules(XML REQUIRED IMPORTED_TARGET libxml-2.0)

@@ -31,6 +31,10 @@ public:
   /// With caching on, SetFont passes over a font with the same native description as the one before it.
   virtual void SetFontCaching(bool on);
   virtual bool IsFontCaching() const { return impl_.effects.fontCaching; }
+  /// Text is measured alike at every scale and drawn as it is measured, its edges smoothed in grey: a layout holds
+  /// whatever size it is drawn at.
+  void SetScalableText(bool on) { impl_.effects.scalableText = on; }
+  bool IsScalableText() const { return impl_.effects.scalableText; }
   /// Colours set from now on become grey.
   virtual void SetGreyscale(bool on) { impl_.effects.greyscale = on; }
   virtual bool IsGreyscale() const { return impl_.effects.greyscale; }

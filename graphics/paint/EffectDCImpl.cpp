@@ -175,7 +175,11 @@ void CEffectDCImpl::DoDrawText(const wxString& text, wxCoord x, wxCoord y) {
 }
 
 void CEffectDCImpl::DrawBaseText(const wxString& text, wxCoord x, wxCoord y) {
-  if (CanDrawLetters()) wxGCDCImpl::DoDrawText(text, ToNearPixel(x), ToNearPixel(y));
+  if (!CanDrawLetters()) return;
+  if (effects.scalableText)
+    DrawScalableText(text, ToNearPixel(x), ToNearPixel(y), 0.0);
+  else
+    wxGCDCImpl::DoDrawText(text, ToNearPixel(x), ToNearPixel(y));
 }
 
 bool CEffectDCImpl::CanDrawLetters() const {
@@ -206,9 +210,11 @@ void CEffectDCImpl::DrawHaloText(const wxString& text, wxCoord x, wxCoord y) {
 
 void CEffectDCImpl::DoDrawRotatedText(const wxString& text, wxCoord x, wxCoord y, double angle) {
   // The base hands upright text to DoDrawText, where text on a circle would come back to here.
-  if (angle == 0.0)
-    DrawBaseText(text, x, y);
-  else if (CanDrawLetters())
+  if (angle == 0.0) return DrawBaseText(text, x, y);
+  if (!CanDrawLetters()) return;
+  if (effects.scalableText)
+    DrawScalableText(text, ToNearPixel(x), ToNearPixel(y), angle);
+  else
     wxGCDCImpl::DoDrawRotatedText(text, ToNearPixel(x), ToNearPixel(y), angle);
 }
 

@@ -15,6 +15,8 @@ struct CEffects {
   bool fixedBrush = false;
   bool circleText = false;
   bool fontCaching = false;
+  /// Letters stand at the same places at every scale.
+  bool scalableText = false;
   /// A grey halo round text that has the halo's colour on a ground of that colour.
   bool textHalo = false;
   CCircleTextState circle;
@@ -50,6 +52,11 @@ public:
   void DoDrawBitmap(const wxBitmap& bitmap, wxCoord x, wxCoord y, bool useMask) override;
   void DoDrawText(const wxString& text, wxCoord x, wxCoord y) override;
   void DoDrawRotatedText(const wxString& text, wxCoord x, wxCoord y, double angle) override;
+  void DoGetTextExtent(const wxString& text, wxCoord* width, wxCoord* height, wxCoord* descent = nullptr,
+                       wxCoord* externalLeading = nullptr, const wxFont* font = nullptr) const override;
+  bool DoGetPartialTextExtents(const wxString& text, wxArrayInt& widths) const override;
+  wxCoord GetCharHeight() const override;
+  wxCoord GetCharWidth() const override;
   void DoDrawLine(wxCoord x1, wxCoord y1, wxCoord x2, wxCoord y2) override;
   void DoDrawRectangle(wxCoord x, wxCoord y, wxCoord width, wxCoord height) override;
   void DoDrawRoundedRectangle(wxCoord x, wxCoord y, wxCoord width, wxCoord height, double radius) override;
@@ -66,6 +73,7 @@ private:
   void DrawBaseText(const wxString& text, wxCoord x, wxCoord y);
   void DrawBaseBitmap(const wxBitmap& bitmap, wxCoord x, wxCoord y, bool useMask);
   bool CanDrawLetters() const;
+  void DrawScalableText(const wxString& text, wxCoord x, wxCoord y, double angle);
   void DrawHaloText(const wxString& text, wxCoord x, wxCoord y);
   void DrawBitmapAsMask(const wxBitmap& bitmap, wxCoord x, wxCoord y, bool useMask);
 
