@@ -37,6 +37,15 @@ void TEffectGraphicsContext::DrawBitmap(const wxBitmap& bitmap, double x, double
   }
 }
 
+void TEffectGraphicsContext::DrawBitmapPart(const wxBitmap& bitmap, const wxRect& part, double x, double y, double w,
+                                            double h) {
+  if (!bitmap.IsOk() || part.IsEmpty() || !wxRect(bitmap.GetSize()).Contains(part)) return;
+  if (alphaMask)
+    DrawBitmap(bitmap.GetSubBitmap(part), x, y, w, h);
+  else
+    DrawBitmapPartInto(*context, bitmap, part, x, y, w, h, true);
+}
+
 wxGraphicsMatrix TEffectGraphicsContext::CreateMatrix(double a, double b, double c, double d, double tx, double ty) {
   return context->CreateMatrix(a, b, c, d, tx, ty);
 }

@@ -15,6 +15,9 @@ public:
 
   /// Scaled into the place with the interpolation of the native context. A place without an extent draws nothing.
   virtual void DrawBitmap(const wxBitmap& bitmap, double x, double y, double w, double h);
+  /// A part of the bitmap as if it were a bitmap of its own, without a copy of it. A part that reaches out of the
+  /// bitmap draws nothing.
+  virtual void DrawBitmapPart(const wxBitmap& bitmap, const wxRect& part, double x, double y, double w, double h);
   virtual wxGraphicsMatrix CreateMatrix(double a, double b, double c, double d, double tx, double ty);
   virtual wxGraphicsMatrix GetTransform() const;
   virtual void PushState();

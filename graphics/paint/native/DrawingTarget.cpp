@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 namespace graphics {
 
@@ -54,6 +55,43 @@ bool IsNear(double coordinate) {
   return std::abs(coordinate) <= kFarthest;
 }
 
+cairo_surface_t* SurfaceOf(const wxBitmap& bitmap, cairo_t* native) {
+  bitmap.SetSourceSurface(native, 0, 0);
+  cairo_surface_t* surface = nullptr;
+  cairo_pattern_get_surface(cairo_get_source(native), &surface);
+  return surface;
+}
+
+/// A part of a picture in memory as a surface of its own. All of it is the picture itself.
+class CSurfacePart {
+public:
+  CSurfacePart(cairo_surface_t* whole, const wxRect& part) : whole_(cairo_surface_reference(whole)) {
+    if (part == wxRect(0, 0, cairo_image_surface_get_width(whole), cairo_image_surface_get_height(whole))) {
+      surface_ = cairo_surface_reference(whole);
+      return;
+    }
+    cairo_surface_flush(whole);
+    const cairo_format_t format = cairo_image_surface_get_format(whole);
+    const int stride = cairo_image_surface_get_stride(whole);
+    const std::ptrdiff_t offset =
+        std::ptrdiff_t{part.y} * stride + std::ptrdiff_t{part.x} * (format == CAIRO_FORMAT_A8 ? 1 : 4);
+    surface_ = cairo_image_surface_create_for_data(cairo_image_surface_get_data(whole) + offset, format, part.width,
+                                                   part.height, stride);
+  }
+  CSurfacePart(const CSurfacePart&) = delete;
+  CSurfacePart& operator=(const CSurfacePart&) = delete;
+  ~CSurfacePart() {
+    cairo_surface_destroy(surface_);
+    cairo_surface_destroy(whole_);
+  }
+
+  cairo_surface_t* Get() const { return surface_; }
+
+private:
+  cairo_surface_t* whole_;
+  cairo_surface_t* surface_;
+};
+
 struct CScale {
   explicit CScale(cairo_t* native) {
     cairo_matrix_t matrix;
@@ -93,9 +131,14 @@ void FillPixels(wxGraphicsContext& context, double x, double y, double width, do
 
 void DrawBitmapInto(wxGraphicsContext& context, const wxBitmap& bitmap, double x, double y, double width, double height,
                     bool useMask) {
+  if (bitmap.IsOk()) DrawBitmapPartInto(context, bitmap, wxRect(bitmap.GetSize()), x, y, width, height, useMask);
+}
+
+void DrawBitmapPartInto(wxGraphicsContext& context, const wxBitmap& bitmap, const wxRect& part, double x, double y,
+                        double width, double height, bool useMask) {
   if (!bitmap.IsOk() || !IsNear(x) || !IsNear(y) || !IsNear(width) || !IsNear(height)) return;
-  const double columns = bitmap.GetWidth();
-  const double rows = bitmap.GetHeight();
+  const double columns = part.width;
+  const double rows = part.height;
   if (std::abs(width) < columns * kSmallestScale || std::abs(height) < rows * kSmallestScale) return;
   cairo_t* const native = NativeOf(context);
   const CSavedState saved(native);
@@ -103,16 +146,20 @@ void DrawBitmapInto(wxGraphicsContext& context, const wxBitmap& bitmap, double x
   cairo_scale(native, width / columns, height / rows);
   const CScale scale(native);
   if (!(scale.smaller >= kSmallestScale && scale.larger <= kLargestScale)) return;
-  bitmap.SetSourceSurface(native, 0, 0);
-  cairo_pattern_t* const pattern = cairo_get_source(native);
-  cairo_pattern_set_filter(pattern, scale.smaller < kSmallestFilteredScale
-                                        ? CAIRO_FILTER_BILINEAR
-                                        : static_cast<cairo_filter_t>(FilterOf(native)));
+  const auto filter =
+      scale.smaller < kSmallestFilteredScale ? CAIRO_FILTER_BILINEAR : static_cast<cairo_filter_t>(FilterOf(native));
+  const CSurfacePart picture(SurfaceOf(bitmap, native), part);
+  cairo_set_source_surface(native, picture.Get(), 0, 0);
+  cairo_pattern_set_filter(cairo_get_source(native), filter);
   const wxMask* const mask = useMask ? bitmap.GetMask() : nullptr;
   if (mask) {
-    cairo_mask_surface(native, *mask, 0, 0);
+    const CSurfacePart maskPart(*mask, part);
+    cairo_pattern_t* const pattern = cairo_pattern_create_for_surface(maskPart.Get());
+    cairo_pattern_set_filter(pattern, filter);
+    cairo_mask(native, pattern);
+    cairo_pattern_destroy(pattern);
   } else {
-    cairo_pattern_set_extend(pattern, CAIRO_EXTEND_PAD);
+    cairo_pattern_set_extend(cairo_get_source(native), CAIRO_EXTEND_PAD);
     cairo_new_path(native);
     cairo_rectangle(native, 0, 0, columns, rows);
     cairo_fill(native);

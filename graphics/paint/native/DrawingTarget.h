@@ -26,4 +26,8 @@ void FillPixels(wxGraphicsContext& context, double x, double y, double width, do
 void DrawBitmapInto(wxGraphicsContext& context, const wxBitmap& bitmap, double x, double y, double width, double height,
                     bool useMask);
 
+/// A part of the bitmap as if it were a bitmap of its own. The part must lie in the bitmap.
+void DrawBitmapPartInto(wxGraphicsContext& context, const wxBitmap& bitmap, const wxRect& part, double x, double y,
+                        double width, double height, bool useMask);
+
 }  // namespace graphics

@@ -1,11 +1,11 @@
 #include "graphics/paint/native/TextLayout.h"
 
-#include <pango/pangocairo.h>
 #include <wx/fontutil.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <pango/pangocairo.h>
 #include <vector>
 
 namespace graphics {
