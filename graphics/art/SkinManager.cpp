@@ -36,7 +36,8 @@ CSkinManager& CSkinManager::GetInstance() {
   return *singleton.get([] { return orlo::makeObject<CSkinManager>(); });
 }
 
-CSkinManager::CSkinManager() : styleSheet_(MakeStyleSheet()), artProvider_(orlo::makeObject<CArtProvider>()) {
+CSkinManager::CSkinManager(std::size_t maxHintBytes)
+    : styleSheet_(MakeStyleSheet()), artProvider_(orlo::makeObject<CArtProvider>()), hintBytesLeft_(maxHintBytes) {
   const auto makeKey = [this](wxKeyCode code, const wxString& name, const char* textKey, const char* caption) {
     MakeKeyBitmap(code, wxutil::toWxString(orlo::localize(textKey, caption)), name);
   };
@@ -84,8 +85,8 @@ wxBitmap* CSkinManager::KeepHint(const wxString& key, const wxBitmap& picture) {
   const std::size_t pixels =
       static_cast<std::size_t>(picture.GetWidth()) * static_cast<std::size_t>(picture.GetHeight());
   const std::size_t bytes = pixels * kBytesPerPixel + key.length() * sizeof(wxChar);
-  if (hintBytes_ + bytes > kMaxHintBytes) return nullptr;
-  hintBytes_ += bytes;
+  if (bytes > hintBytesLeft_) return nullptr;
+  hintBytesLeft_ -= bytes;
   return (bitmaps_[key] = std::make_unique<wxBitmap>(picture)).get();
 }
 

@@ -35,7 +35,8 @@ public:
   /// The one of the process, made at first use.
   static CSkinManager& GetInstance();
 
-  CSkinManager();
+  /// Tests make managers of their own.
+  explicit CSkinManager(std::size_t maxHintBytes = kMaxHintBytes);
   ~CSkinManager() override;
 
   const orlo::P<CArtProvider>& GetArtProvider() const { return artProvider_; }
@@ -71,7 +72,7 @@ private:
   std::map<wxString, std::unique_ptr<wxBitmap>> bitmaps_;
   orlo::P<CArtProvider> artProvider_;
   std::array<wxColour, 2> colours_;
-  std::size_t hintBytes_ = 0;
+  std::size_t hintBytesLeft_;
 };
 
 }  // namespace graphics

@@ -5,6 +5,7 @@
 #include <wx/tokenzr.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace graphics {
@@ -12,6 +13,18 @@ namespace graphics {
 namespace {
 
 constexpr int kScratchEdge = 200;
+
+/// The text in pieces that each end behind a place where it may break. Nothing gets lost, as delimiters at the end do
+/// with the toolkit's tokenizer, and long runs of delimiters take no longer than other text.
+template <class Visit>
+void ForEachPiece(const wxString& text, Visit visit) {
+  for (std::size_t start = 0; start < text.length();) {
+    const std::size_t found = text.find_first_of("\n ,:-?.", start);
+    const std::size_t end = found == wxString::npos ? text.length() : found + 1;
+    visit(text.substr(start, end - start));
+    start = end;
+  }
+}
 
 }  // namespace
 
@@ -21,21 +34,16 @@ CTextWrapper::CTextWrapper(const wxFont& font) : bitmap_(MakeAlphaBitmap(kScratc
 
 wxString CTextWrapper::Wrap(const wxString& text, int maxWidth) {
   wxString result;
-  wxStringTokenizer lines(text, "\n", wxTOKEN_RET_DELIMS);
-  while (lines.HasMoreTokens()) {
-    std::int64_t x = 0;
-    wxStringTokenizer words(lines.GetNextToken(), " ,:-?..", wxTOKEN_RET_DELIMS);
-    while (words.HasMoreTokens()) {
-      const wxString word = words.GetNextToken();
-      const int width = MeasureLine(dc_, word).x;
-      if (x + width > maxWidth) {
-        result += '\n';
-        x = 0;
-      }
-      x += width;
-      result += word;
+  std::int64_t x = 0;
+  ForEachPiece(text, [&](const wxString& piece) {
+    const int width = MeasureLine(dc_, piece).x;
+    if (x + width > maxWidth) {
+      result += '\n';
+      x = 0;
     }
-  }
+    x = piece.Last() == '\n' ? 0 : x + width;
+    result += piece;
+  });
   return result;
 }
 
