@@ -1,6 +1,7 @@
 #include "graphics/elements/GraphicMirror.h"
 
 #include "foundation/Error.h"
+#include "graphics/art/SkinManager.h"
 #include "graphics/elements/CloneOf.h"
 #include "graphics/elements/ElementBox.h"
 #include "graphics/elements/Reflection.h"
@@ -12,9 +13,6 @@
 namespace graphics {
 
 namespace {
-
-/// Frames of elements, as long as there is no skin manager to say their colour.
-const wxColour kFrameColour(128, 128, 128);
 
 /// Painting goes from mirror to document to mirror again, always on one thread.
 class CMirrorDepth {
@@ -40,7 +38,7 @@ void CGraphicMirror::Paint(CPaintContext& context) {
   if (document_) PaintReflection(context, frame);
   if (!context.ShowsFrames()) return;
   context.dc->SetBrush(*wxTRANSPARENT_BRUSH);
-  context.dc->SetPen(wxPen(kFrameColour, 1, wxPENSTYLE_DOT));
+  context.dc->SetPen(wxPen(CSkinManager::GetInstance().GetFrameColour(0), 1, wxPENSTYLE_DOT));
   context.dc->DrawRectangle(ToPixelRect(frame));
 }
 

@@ -49,6 +49,7 @@ TEST_F(Mirror, ShowsAnAuthorItsFrame) {
   EXPECT_EQ(frame.bounds, wxRect(0, 150, 40, 150));
   EXPECT_LT(frame.count, 2 * (40 + 150));
   EXPECT_EQ(page_.At(20, 200), kClear);
+  for (int y = 150; y < 300; ++y) EXPECT_EQ(page_.At(0, y).red, 0) << y;
 }
 
 TEST_F(Mirror, ShowsWhatStandsAboveItUpsideDown) {
