@@ -1,9 +1,18 @@
 #include "graphics/geometry/Angles.h"
 #include "graphics/paint/EffectDCImpl.h"
 #include "graphics/paint/native/DrawingTarget.h"
-#include "graphics/paint/native/TextLayout.h"
+#include "graphics/paint/native/TextDrawing.h"
+
+#include <cstddef>
 
 namespace graphics {
+
+namespace {
+
+/// Letters of a line; no picture shows as many.
+constexpr std::size_t kLongestDrawn = 10'000;
+
+}  // namespace
 
 void CEffectDCImpl::DoGetTextExtent(const wxString& text, wxCoord* width, wxCoord* height, wxCoord* descent,
                                     wxCoord* externalLeading, const wxFont* font) const {
@@ -35,14 +44,14 @@ wxCoord CEffectDCImpl::GetCharWidth() const {
 
 void CEffectDCImpl::DrawScalableText(const wxString& text, wxCoord x, wxCoord y, double angle) {
   if (text.empty()) return;
-  const auto layout = CTextLayout::Of(m_font, text);
+  const auto layout = CTextLayout::Of(m_font, text.Left(kLongestDrawn));
   const CTextExtent extent = layout->GetExtent();
   m_graphicContext->PushState();
   m_graphicContext->Translate(x, y);
   m_graphicContext->Rotate(-DegToRad(angle));
   if (m_backgroundMode != wxBRUSHSTYLE_TRANSPARENT)
     FillPixels(*m_graphicContext, 0, 0, extent.width, extent.GetHeight(), m_textBackgroundColour);
-  layout->Draw(*m_graphicContext, 0, 0, m_textForegroundColour);
+  DrawTextLayout(*m_graphicContext, layout, m_textForegroundColour);
   m_graphicContext->PopState();
   if (angle == 0.0) CalcBoundingBox(x, y, x + extent.width, y + extent.GetHeight());
 }
