@@ -11,6 +11,8 @@
 #include "graphics/elements/GraphicPoint.h"
 #include "graphics/elements/GraphicRectangle.h"
 #include "graphics/elements/GraphicStateButton.h"
+#include "graphics/elements/GraphicText.h"
+#include "graphics/elements/GraphicTextCircle.h"
 #include "graphics/model/ElementFactory.h"
 #include "graphics/model/GraphicType.h"
 
@@ -27,6 +29,8 @@ void Register(std::int32_t type) {
 
 void RegisterElements() {
   Register<CGraphicPaper>(GraphicType::kPaper);
+  Register<CGraphicText>(GraphicType::kText);
+  Register<CGraphicTextCircle>(GraphicType::kTextCircle);
   Register<CGraphicLine>(GraphicType::kLine);
   Register<CGraphicPoint>(GraphicType::kPoint);
   Register<CGraphicCircle>(GraphicType::kCircle);

@@ -14,7 +14,7 @@ wxSize LayOutRichText(wxRichTextBuffer& buffer, wxDC& dc, const wxRect& rect) {
 
 void DrawRichText(wxRichTextBuffer& buffer, wxDC& dc, const wxRect& rect) {
   wxRichTextDrawingContext context(&buffer);
-  buffer.Draw(dc, context, wxRICHTEXT_ALL, wxRichTextSelection(), rect, 0, 0);
+  buffer.Draw(dc, context, buffer.GetOwnRange(), wxRichTextSelection(), rect, 0, 0);
 }
 
 }  // namespace graphics

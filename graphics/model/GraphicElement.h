@@ -62,6 +62,10 @@ public:
   /// Tells of circles, rectangles and shapes whether they overlap; false for other kinds.
   virtual bool Intersects(const CGraphicElement& other) const;
 
+protected:
+  /// The text as it was set, without an invitation.
+  const wxString& GetPlainText() const { return text_; }
+
 private:
   void ReadTags(const wxXmlNode& node);
   void ReadGroups(const wxXmlNode& node);
