@@ -1,0 +1,96 @@
+#include "host/ElementFaults.h"
+
+#include "host/Spelling.h"
+
+#include <charconv>
+
+namespace host {
+
+namespace {
+
+long countChildren(const xmlNode* node) {
+  long count = 0;
+  for (const xmlNode* child = node ? firstElement(*node) : nullptr; child; child = nextElement(*child)) ++count;
+  return count;
+}
+
+bool hasText(const xmlNode& node, std::string_view property) {
+  return !findProperty(node, property).value_or("").empty();
+}
+
+// What is wrong with its size, to stand behind its name.
+std::string sizeFault(const xmlNode& element, Needs needs) {
+  const xmlNode* size = findChild(element, "size");
+  if (!size) return "has no size and shows nothing";
+  const double width = needs == Needs::size ? numberOf(*size, "width") : 1;
+  const double height = numberOf(*size, "height");
+  if (width < 0 || height < 0) return "has a size below 0";
+  if (width == 0 && height == 0) return "has the size 0 and shows nothing";
+  if (width == 0) return "has the width 0 and shows nothing";
+  if (height == 0) return "has the height 0 and shows nothing";
+  return {};
+}
+
+void findTableFaults(const xmlNode& table, Findings& findings) {
+  const long rows = countChildren(findChild(table, "rows"));
+  const long cols = countChildren(findChild(table, "cols"));
+  const xmlNode* cells = findChild(table, "cells");
+  const long count = countChildren(cells);
+  if (rows == 0 || cols == 0)
+    findings.warning(lineOf(table),
+                     describe(table) + " has no " + (rows == 0 ? "rows" : "columns") + " and shows nothing");
+  else if (count != rows * cols)
+    findings.warning(lineOf(cells ? *cells : table),
+                     describe(table) + " has " + std::to_string(rows) + " rows and " + std::to_string(cols) +
+                         " columns but " + std::to_string(count) + " cells, which makes " +
+                         (count < rows * cols ? "the last ones empty" : "those beyond them ignored"));
+}
+
+void findShapeFaults(const xmlNode& shape, Findings& findings) {
+  const bool isFree = sameName(findProperty(shape, "shape").value_or(""), "free-form");
+  const xmlNode* form = findChild(shape, "free-form");
+  const xmlNode* outline = form ? findChild(*form, "graphic-document") : nullptr;
+  if (isFree && !(outline && findChild(*outline, "point")))
+    findings.warning(lineOf(shape), describe(shape) + " is a free form without points and shows nothing");
+}
+
+}  // namespace
+
+std::string tagOf(const xmlNode& node) {
+  std::string tag = inQuotes(nameOf(node));
+  tag.front() = '<';
+  tag.back() = '>';
+  return tag;
+}
+
+std::string describe(const xmlNode& element) {
+  std::string text = tagOf(element);
+  const std::string name = findProperty(element, "name").value_or("");
+  if (!name.empty()) text.append(" ").append(inQuotes(name));
+  return text;
+}
+
+void findElementFaults(const xmlNode& element, const ElementKind& kind, Findings& findings) {
+  const auto warn = [&](const std::string& text) { findings.warning(lineOf(element), describe(element) + text); };
+  if (kind.needs != Needs::nothing)
+    if (const std::string fault = sizeFault(element, kind.needs); !fault.empty()) warn(" " + fault);
+
+  if (kind.name == "image" && !hasText(element, "filename") && !findChild(element, "attachment-bitmap"))
+    warn(" has no picture, neither \"filename\" nor <attachment-bitmap>, and shows nothing");
+  if ((kind.name == "text" || kind.name == "text-circle") && !findChild(element, "attachment-richtextbuffer"))
+    warn(" has no <attachment-richtextbuffer> and shows \"Double click to edit!\"");
+  if (kind.name == "mirror" && !findChild(element, "graphic-document"))
+    warn(" has no <graphic-document> and shows nothing");
+  if (kind.name == "label" && !hasText(element, "text")) warn(" has no \"text\" and shows nothing");
+  if (kind.name == "table") findTableFaults(element, findings);
+  if (kind.name == "shape") findShapeFaults(element, findings);
+}
+
+void findNodeFaults(const xmlNode& node, const NodeForm& form, Findings& findings) {
+  if (&form == &colourForm && !findProperty(node, "alpha"))
+    findings.warning(lineOf(node), tagOf(node) + " has no \"alpha\" and is fully transparent; 255 is opaque");
+  if (&form == &dataForm && !findProperty(node, "type"))
+    findings.warning(lineOf(node), tagOf(node) + " has no \"type\" and is left out");
+}
+
+}  // namespace host

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/Findings.h"
+#include "host/PageVocabulary.h"
+#include "host/Xml.h"
+
+#include <string>
+
+namespace host {
+
+// "<image>", cut off if it is long.
+std::string tagOf(const xmlNode& node);
+// What one calls an element: its tag and its name if it has one.
+std::string describe(const xmlNode& element);
+
+// What is wrong with an element as a whole: what it needs to show something and does not have.
+void findElementFaults(const xmlNode& element, const ElementKind& kind, Findings& findings);
+// What is wrong with a node beside what its form says.
+void findNodeFaults(const xmlNode& node, const NodeForm& form, Findings& findings);
+
+}  // namespace host

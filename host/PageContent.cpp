@@ -1,0 +1,305 @@
+#include "host/PageContent.h"
+
+#include "host/ElementFaults.h"
+#include "host/PageValues.h"
+#include "host/Spelling.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <set>
+
+namespace host {
+
+namespace {
+
+// What the module takes.
+constexpr int maxElementDepth = 50;
+constexpr int maxMirrorDepth = 8;
+constexpr long maxElements = 1'000'000;
+
+struct Bounds {
+  double left = 0;
+  double top = 0;
+  double right = 0;
+  double bottom = 0;
+
+  void include(const Bounds& other) {
+    if (other.left < left) left = other.left;
+    if (other.top < top) top = other.top;
+    if (other.right > right) right = other.right;
+    if (other.bottom > bottom) bottom = other.bottom;
+  }
+};
+
+Bounds boundsOf(const xmlNode& element) {
+  double x = 0, y = 0, width = 0, height = 0;
+  if (const xmlNode* center = findChild(element, "center")) {
+    x = numberOf(*center, "x");
+    y = numberOf(*center, "y");
+  }
+  if (const xmlNode* size = findChild(element, "size")) {
+    width = numberOf(*size, "width");
+    height = numberOf(*size, "height");
+  }
+  const double angle = numberOf(element, "rotation") * 0.017453292519943295;
+  const double boundWidth = std::abs(width * std::cos(angle)) + std::abs(height * std::sin(angle));
+  const double boundHeight = std::abs(width * std::sin(angle)) + std::abs(height * std::cos(angle));
+  const double left = x - boundWidth * 0.5;
+  const double top = y - boundHeight * 0.5;
+  return {left, top, left + boundWidth, top + boundHeight};
+}
+
+long long uniqueNumberOf(const xmlNode& element) {
+  const std::string text = findProperty(element, "unique").value_or("");
+  long long number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  return error == std::errc() && end == text.data() + text.size() && number > 0 ? number : 0;
+}
+
+std::vector<std::string_view> kindNames() {
+  std::vector<std::string_view> names;
+  for (const ElementKind& kind : elementKinds()) names.push_back(kind.name);
+  return names;
+}
+
+std::vector<std::string_view> propertyNames(const NodeForm& form) {
+  std::vector<std::string_view> names = form.base ? propertyNames(*form.base) : std::vector<std::string_view>();
+  for (const PropertyForm& property : form.properties) names.push_back(property.name);
+  return names;
+}
+
+std::vector<std::string_view> childNames(const NodeForm& form) {
+  std::vector<std::string_view> names = form.base ? childNames(*form.base) : std::vector<std::string_view>();
+  for (const ChildForm& child : form.children) names.push_back(child.name);
+  return names;
+}
+
+// Depth is bounded by what the parser takes.
+class Walk {
+public:
+  PageContent run(const xmlNode& root) {
+    const std::string name = nameOf(root);
+    if (!sameName(name, "page") && !sameName(name, "graphic-document"))
+      warning(root, tagOf(root) + " is read as the page whatever its name; the usual one is <graphic-document>");
+    visit(root, documentForm);
+    findSize(root);
+    return std::move(content_);
+  }
+
+private:
+  struct Shared {
+    std::string type;  // as written; empty matches every other one
+    const ElementKind* kind;
+    long line;
+    long count;  // of elements, with those inside
+    Bounds bounds;
+    bool beingRead;
+  };
+  // The element whose nodes are being read.
+  struct Owner {
+    const xmlNode* node = nullptr;
+    long long unique = 0;
+    int depth = 0;
+    int mirrors = 0;
+  };
+
+  void error(const xmlNode& place, const std::string& text) { content_.findings.error(lineOf(place), text); }
+  void warning(const xmlNode& place, const std::string& text) { content_.findings.warning(lineOf(place), text); }
+  void doubt(const xmlNode& place) {
+    if (content_.refusedLine == 0) content_.refusedLine = lineOf(place);
+  }
+  void refused(const xmlNode& place, const std::string& text) {
+    error(place, text + "; the module refuses the page");
+    doubt(place);
+  }
+
+  void visit(const xmlNode& node, const NodeForm& form) {
+    visitProperties(node, form);
+    findNodeFaults(node, form, content_.findings);
+    std::set<const ChildForm*> seen;
+    for (const xmlNode* child = node.children; child && !stopped_; child = child->next) {
+      if (child->type == XML_ELEMENT_NODE)
+        visitChild(*child, node, form, seen);
+      else if (form.content == Content::none)
+        findStrayText(*child, node);
+    }
+  }
+
+  void visitChild(const xmlNode& child, const xmlNode& parent, const NodeForm& form, std::set<const ChildForm*>& seen) {
+    const std::string name = nameOf(child);
+    if (const ChildForm* known = findChild(form, name)) {
+      if (!known->repeated && !seen.insert(known).second)
+        return warning(child, "a second " + tagOf(child) + " in " + tagOf(parent) + " is ignored");
+      if (known->form->content != Content::none)
+        content_.attachments.push_back({known->form->content, &child, owner_.node, owner_.unique});
+      return visit(child, *known->form);
+    }
+    if (form.anyChild) return visit(child, *form.anyChild);
+    if (form.holdsElements) return visitElement(child, name);
+    warning(child, "unknown node " + tagOf(child) + " in " + tagOf(parent) + " is ignored" +
+                       suggestion(name, childNames(form)));
+  }
+
+  void findStrayText(const xmlNode& text, const xmlNode& parent) {
+    std::string_view content = textOf(text);
+    const std::size_t first = content.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return;
+    content.remove_prefix(first);
+    warning(parent, "text in " + tagOf(parent) + " is ignored: " + inQuotes(content.substr(0, content.find('\n'))));
+  }
+
+  void visitProperties(const xmlNode& node, const NodeForm& form) {
+    for (const xmlAttr* property = node.properties; property; property = property->next) {
+      const std::string name = nameOf(*property);
+      const PropertyForm* known = findProperty(form, name);
+      if (!known) {
+        warning(node, "unknown property " + inQuotes(name) + " in " + tagOf(node) + " is ignored" +
+                          suggestion(name, propertyNames(form)));
+        continue;
+      }
+      const std::string value = valueOf(*property);
+      const std::string fault = faultOf(*known->value, value);
+      if (fault.empty()) continue;
+      error(node, tagOf(node) + " " + name + "=" + inQuotes(value, '"') + ": " + fault);
+      if (known->value->refused) doubt(node);
+    }
+  }
+
+  void visitElement(const xmlNode& node, const std::string& name) {
+    const std::string storedType = findProperty(node, "type").value_or("");
+    std::string typeName = findProperty(node, "type-name").value_or("");
+    if (typeName.empty()) typeName = storedType;
+    const ElementKind* kind = kindOf(node, name, typeName);
+    if (!kind) return;
+
+    const long long unique = uniqueNumberOf(node);
+    const std::string& type = storedType.empty() ? typeName : storedType;
+    if (unique > 0) {
+      ++content_.uses[unique];
+      if (const auto known = shared_.find(unique); known != shared_.end())
+        return visitReference(node, *kind, type, unique, known->second);
+      shared_[unique] = {type, kind, lineOf(node), 0, boundsOf(node), true};
+    }
+
+    const long before = count_;
+    ++count_;
+    visitFresh(node, *kind, unique);
+    cover(unique > 0 ? shared_[unique].bounds : boundsOf(node));
+    if (unique > 0) {
+      shared_[unique].count = count_ - before;
+      shared_[unique].beingRead = false;
+    }
+    limitCount(node);
+  }
+
+  // The kind that the module makes of a node; null, and an error is noted, if it makes none.
+  const ElementKind* kindOf(const xmlNode& node, const std::string& name, const std::string& typeName) {
+    if (!findElementKind(name) && !isReservedKind(name)) return unknown(node, name);
+    const std::string& wanted = typeName.empty() ? name : typeName;
+    const ElementKind* kind = findElementKind(wanted);
+    if (!kind && !isReservedKind(wanted)) return unknown(node, wanted);
+    if (!kind) {
+      refused(node, "element type " + inQuotes(wanted) + " cannot be shown");
+      return nullptr;
+    }
+    if (!sameName(wanted, name))
+      warning(node, tagOf(node) + " is read as a " + inQuotes(wanted) + ", as its type says");
+    return kind;
+  }
+
+  const ElementKind* unknown(const xmlNode& node, const std::string& type) {
+    const std::string text = "unknown element type " + inQuotes(type);
+    if (content_.unknown.line == 0) content_.unknown = {Finding::Level::error, lineOf(node), text};
+    error(node, text + suggestion(type, kindNames()));
+    return nullptr;
+  }
+
+  void visitReference(const xmlNode& node, const ElementKind& kind, const std::string& type, long long unique,
+                      const Shared& shared) {
+    const std::string number = "unique=\"" + std::to_string(unique) + "\"";
+    const std::string place = " of line " + std::to_string(shared.line);
+    if (!shared.type.empty() && !sameName(shared.type, type))
+      return refused(node, number + " is the type " + inQuotes(shared.type) + place + ", but " +
+                               (type.empty() ? "has no type" : inQuotes(type)) + " here");
+    if (shared.beingRead) return refused(node, number + place + " contains itself");
+    if (shared.kind != &kind)
+      warning(node, number + " shows the <" + std::string(shared.kind->name) + ">" + place + " here");
+    if (firstElement(node))
+      warning(node, tagOf(node) + " shows " + number + place + " again; the nodes in it are ignored");
+    cover(shared.bounds);
+    count_ += shared.count;
+    limitCount(node);
+  }
+
+  void visitFresh(const xmlNode& node, const ElementKind& kind, long long unique) {
+    ++content_.kinds[kind.name];
+    const Owner outer = owner_;
+    owner_ = {&node, unique, outer.depth + 1, outer.mirrors + (kind.name == "mirror" ? 1 : 0)};
+    if (owner_.depth > maxElementDepth) {
+      refused(node, "elements nest more than " + std::to_string(maxElementDepth) + " deep");
+    } else {
+      if (owner_.mirrors == maxMirrorDepth + 1)
+        refused(node, "mirrors show mirrors more than " + std::to_string(maxMirrorDepth) + " deep");
+      visit(node, *kind.form);
+      findElementFaults(node, kind, content_.findings);
+      const std::string file = kind.name == "image" ? findProperty(node, "filename").value_or("") : "";
+      if (!file.empty()) content_.files.push_back({file, &node, unique});
+    }
+    owner_ = outer;
+  }
+
+  void limitCount(const xmlNode& node) {
+    if (stopped_ || count_ <= maxElements) return;
+    refused(node, "more than " + std::to_string(maxElements) + " elements, each reference counting as what it shows");
+    stopped_ = true;
+  }
+
+  void cover(const Bounds& bounds) {
+    if (owner_.node) return;  // inside another element
+    if (hasBounds_)
+      bounds_.include(bounds);
+    else
+      bounds_ = bounds;
+    hasBounds_ = true;
+  }
+
+  void findSize(const xmlNode& root) {
+    const xmlNode* contentBox = findChild(root, "content-box");
+    PageSize& size = content_.size;
+    size.fromContentBox = contentBox != nullptr;
+    size.line = lineOf(contentBox ? *contentBox : root);
+    size.width = contentBox ? numberOf(*contentBox, "width") : bounds_.right - bounds_.left;
+    size.height = contentBox ? numberOf(*contentBox, "height") : bounds_.bottom - bounds_.top;
+    if (!size.isUsable()) {
+      content_.findings.error(size.line, size.fault());
+    } else if (!contentBox) {
+      warning(root, "no <content-box>: the page is as large as what its elements cover");
+    }
+  }
+
+  PageContent content_;
+  std::map<long long, Shared> shared_;
+  Owner owner_;
+  Bounds bounds_;
+  bool hasBounds_ = false;
+  long count_ = 0;
+  bool stopped_ = false;
+};
+
+}  // namespace
+
+bool PageSize::isUsable() const {
+  return width > 0 && height > 0 && std::isfinite(aspect()) && aspect() > 0;
+}
+
+const char* PageSize::fault() const {
+  return fromContentBox ? "the content-box has no size"
+                        : "the page has no size: neither a content-box nor elements give it one";
+}
+
+PageContent readContent(const xmlNode& root) {
+  return Walk().run(root);
+}
+
+}  // namespace host

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "host/Findings.h"
+#include "host/PageVocabulary.h"
+#include "host/Xml.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+// A picture or a rich text that stands in a page.
+struct Attachment {
+  Content content;
+  const xmlNode* node;
+  const xmlNode* element;
+  long long unique;  // of the element; 0 if it is not shared
+};
+
+// An element that shows a picture that lies in a file.
+struct PictureFile {
+  std::string name;
+  const xmlNode* element;
+  long long unique;
+};
+
+// The page rectangle: the content box, else what the elements cover. Page units.
+struct PageSize {
+  double width = 0;
+  double height = 0;
+  long line = 0;  // of the content box, else of the page
+  bool fromContentBox = false;
+
+  bool isUsable() const;
+  const char* fault() const;  // what is wrong if it is not usable
+  double aspect() const { return width / height; }
+};
+
+// What a page holds, and what is wrong with it as far as it can be told from its nodes and properties. Points into the
+// document that it was made of.
+struct PageContent {
+  Findings findings;
+  PageSize size;
+  std::map<std::string_view, long> kinds;  // how many elements there are of each, shared ones counted once
+  std::map<long long, long> uses;          // of shared elements, by their numbers
+  std::vector<Attachment> attachments;
+  std::vector<PictureFile> files;
+
+  // The first element of a type that nobody knows, and what is wrong with it; line 0 for none.
+  Finding unknown;
+  // The first line that the module may refuse; 0 for none.
+  long refusedLine = 0;
+};
+
+PageContent readContent(const xmlNode& root);
+
+}  // namespace host

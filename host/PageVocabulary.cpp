@@ -1,0 +1,218 @@
+#include "host/PageVocabulary.h"
+
+#include "host/Xml.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace host {
+
+namespace {
+
+constexpr std::int64_t lowestInt = std::numeric_limits<std::int32_t>::min();
+constexpr std::int64_t highestInt = std::numeric_limits<std::int32_t>::max();
+
+constexpr ValueForm whole(std::string_view name, std::int64_t low, std::int64_t high, std::string_view otherwise) {
+  return {name, ValueKind::integer, low, high, {}, otherwise, false};
+}
+
+constexpr ValueForm clamped(std::string_view name, std::int64_t low, std::int64_t high, std::string_view otherwise) {
+  return {name, ValueKind::integer, low, high, {}, otherwise, false, true};
+}
+
+constexpr ValueForm oneOf(std::string_view name, ValueKind kind, std::span<const std::string_view> words,
+                          std::string_view otherwise, bool refused = false) {
+  return {name, kind, lowestInt, highestInt, words, otherwise, refused};
+}
+
+constexpr std::array<std::string_view, 2> booleans = {"true", "false"};
+constexpr std::array<std::string_view, 13> penStyles = {"100", "101", "102", "103", "104", "105", "106",
+                                                        "111", "112", "113", "114", "115", "116"};
+constexpr std::array<std::string_view, 8> brushStyles = {"100", "106", "111", "112", "113", "114", "115", "116"};
+constexpr std::array<std::string_view, 3> fontStyles = {"90", "93", "94"};
+constexpr std::array<std::string_view, 3> fontWeights = {"90", "91", "92"};
+constexpr std::array<std::string_view, 3> extensions = {"png", "jpg", "bmp"};
+constexpr std::array<std::string_view, 4> shapes = {"rectangle", "rounded-rectangle", "ellipse", "free-form"};
+constexpr std::array<std::string_view, 3> aligns = {"top", "center", "bottom"};
+constexpr std::array<std::string_view, 3> dataTypes = {"string", "int", "rect"};
+
+constexpr ValueForm text{"text", ValueKind::text, 0, 0, {}, "", false};
+constexpr ValueForm number{"number", ValueKind::number, 0, 0, {}, "it counts as 0", false};
+constexpr ValueForm boolean = oneOf("boolean", ValueKind::boolean, booleans, "it counts as false");
+constexpr ValueForm integer = whole("integer", lowestInt, highestInt, "it is ignored");
+constexpr ValueForm identity = whole("identity", std::numeric_limits<std::int64_t>::min(),
+                                     std::numeric_limits<std::int64_t>::max(), "the element is not shared");
+constexpr ValueForm group = whole("group-number", 1, highestInt, "the group is left out");
+constexpr ValueForm channel = clamped("channel", 0, 255, "it counts as 0");
+constexpr ValueForm penWidth = clamped("pen-width", 0, 65535, "it is ignored");
+constexpr ValueForm pointSize = clamped("point-size", 1, 2000, "it is ignored");
+constexpr ValueForm penStyle = oneOf("pen-style", ValueKind::integer, penStyles, "it is ignored");
+constexpr ValueForm brushStyle = oneOf("brush-style", ValueKind::integer, brushStyles, "it is ignored");
+constexpr ValueForm fontStyle = oneOf("font-style", ValueKind::integer, fontStyles, "it is ignored");
+constexpr ValueForm fontWeight = oneOf("font-weight", ValueKind::integer, fontWeights, "it counts as 90");
+constexpr ValueForm extension = oneOf("picture-extension", ValueKind::word, extensions, "the picture is not shown");
+constexpr ValueForm shapeWord = oneOf("shape-word", ValueKind::word, shapes, "the module refuses the page", true);
+constexpr ValueForm alignWord = oneOf("vertical-align", ValueKind::word, aligns, "the module refuses the page", true);
+constexpr ValueForm dataType = oneOf("data-type", ValueKind::word, dataTypes, "the entry is left out");
+constexpr ValueForm kindName{"kind", ValueKind::text, 0, 0, {}, "", false};
+
+constexpr PropertyForm pointProperties[] = {{"x", &number}, {"y", &number}};
+constexpr NodeForm point{nullptr, pointProperties, {}};
+
+constexpr PropertyForm sizeProperties[] = {{"width", &number}, {"height", &number}};
+constexpr NodeForm size{nullptr, sizeProperties, {}};
+
+constexpr PropertyForm rectProperties[] = {{"x", &number}, {"y", &number}, {"width", &number}, {"height", &number}};
+constexpr NodeForm rect{nullptr, rectProperties, {}};
+
+constexpr PropertyForm marginProperties[] = {
+    {"left", &number},        {"top", &number},        {"right", &number},        {"bottom", &number},
+    {"left-factor", &number}, {"top-factor", &number}, {"right-factor", &number}, {"bottom-factor", &number}};
+constexpr NodeForm margins{nullptr, marginProperties, {}};
+
+constexpr PropertyForm colourProperties[] = {
+    {"red", &channel}, {"green", &channel}, {"blue", &channel}, {"alpha", &channel}};
+
+constexpr ChildForm colourChild[] = {{"color", &colourForm}};
+constexpr PropertyForm brushProperties[] = {{"style", &brushStyle}};
+constexpr NodeForm brush{nullptr, brushProperties, colourChild};
+constexpr PropertyForm penProperties[] = {{"style", &penStyle}, {"width", &penWidth}};
+constexpr NodeForm pen{nullptr, penProperties, colourChild};
+
+constexpr PropertyForm fontProperties[] = {{"name", &text},
+                                           {"pointsize", &pointSize},
+                                           {"style", &fontStyle},
+                                           {"weight", &fontWeight},
+                                           {"underlined", &boolean}};
+constexpr NodeForm font{nullptr, fontProperties, {}};
+
+constexpr PropertyForm gradientProperties[] = {{"ok", &boolean}};
+constexpr ChildForm gradientChildren[] = {{"start", &colourForm}, {"end", &colourForm}};
+constexpr NodeForm gradient{nullptr, gradientProperties, gradientChildren};
+
+constexpr PropertyForm pictureProperties[] = {{"extension", &extension}};
+constexpr NodeForm picture{nullptr, pictureProperties, {}, nullptr, false, Content::picture};
+constexpr NodeForm richText{nullptr, {}, {}, nullptr, false, Content::richText};
+
+constexpr NodeForm tag{nullptr, {}, {}};
+constexpr NodeForm tags{nullptr, {}, {}, &tag};
+constexpr PropertyForm groupProperties[] = {{"nr", &group}};
+constexpr NodeForm groupNode{nullptr, groupProperties, {}};
+constexpr ChildForm groupsChildren[] = {{"group", &groupNode, true}};
+constexpr NodeForm groups{nullptr, {}, groupsChildren};
+
+constexpr PropertyForm dataProperties[] = {{"type", &dataType}, {"value", &text}};
+constexpr ChildForm dataChildren[] = {{"value", &rect}};
+constexpr NodeForm xdata{nullptr, {}, {}, &dataForm};
+
+constexpr ChildForm segmentChildren[] = {{"start", &point}, {"end", &point}};
+constexpr NodeForm segment{&elementForm, {}, segmentChildren};
+constexpr ChildForm figureChildren[] = {{"brush", &brush}, {"pen", &pen}};
+constexpr NodeForm figure{&elementForm, {}, figureChildren};
+
+constexpr PropertyForm labelProperties[] = {{"text", &text}};
+constexpr ChildForm labelChildren[] = {{"font", &font}, {"color", &colourForm}};
+constexpr NodeForm label{&elementForm, labelProperties, labelChildren};
+
+constexpr PropertyForm buttonProperties[] = {{"label", &text}, {"hint", &text}};
+constexpr NodeForm button{&elementForm, buttonProperties, {}};
+
+constexpr ChildForm mirrorChildren[] = {{"graphic-document", &documentForm}};
+constexpr NodeForm mirror{&elementForm, {}, mirrorChildren};
+
+constexpr PropertyForm imageProperties[] = {{"noscale", &boolean}, {"filename", &text}};
+constexpr ChildForm imageChildren[] = {{"scale-margins", &margins}, {"attachment-bitmap", &picture}};
+constexpr NodeForm image{&elementForm, imageProperties, imageChildren};
+
+constexpr ChildForm textChildren[] = {{"attachment-richtextbuffer", &richText}};
+constexpr NodeForm richTextElement{&elementForm, {}, textChildren};
+
+constexpr PropertyForm rowProperties[] = {{"height", &number}, {"content-id", &text}};
+constexpr NodeForm row{nullptr, rowProperties, {}};
+constexpr ChildForm rowsChildren[] = {{"row", &row, true}};
+constexpr NodeForm rows{nullptr, {}, rowsChildren};
+constexpr PropertyForm colProperties[] = {
+    {"width", &number}, {"visible", &boolean}, {"content-id", &text}, {"name", &text}, {"hidden-by-theme", &boolean}};
+constexpr NodeForm col{nullptr, colProperties, {}};
+constexpr ChildForm colsChildren[] = {{"col", &col, true}};
+constexpr NodeForm cols{nullptr, {}, colsChildren};
+constexpr PropertyForm cellProperties[] = {{"margin", &number}, {"content-id", &text}, {"vertical-align", &alignWord}};
+constexpr NodeForm cell{nullptr, cellProperties, textChildren};
+constexpr ChildForm cellsChildren[] = {{"cell", &cell, true}};
+constexpr NodeForm cells{nullptr, {}, cellsChildren};
+constexpr ChildForm tableChildren[] = {{"rows", &rows}, {"cols", &cols}, {"cells", &cells}};
+constexpr NodeForm table{&elementForm, {}, tableChildren};
+
+constexpr PropertyForm freeFormProperties[] = {{"name", &text}};
+constexpr NodeForm freeForm{nullptr, freeFormProperties, mirrorChildren};
+constexpr PropertyForm shapeProperties[] = {{"shape", &shapeWord}, {"corner-radius", &number}};
+constexpr ChildForm shapeChildren[] = {
+    {"gradient", &gradient}, {"brush", &brush}, {"pen", &pen}, {"free-form", &freeForm}};
+constexpr NodeForm shape{&elementForm, shapeProperties, shapeChildren};
+
+constexpr PropertyForm elementProperties[] = {
+    {"name", &text},         {"coloured", &boolean}, {"mirror-x", &boolean},
+    {"mirror-y", &boolean},  {"rotation", &number},  {"visible", &boolean},
+    {"modified", &boolean},  {"content-id", &text},  {"content-index", &integer},
+    {"text-id", &text},      {"unique", &identity},  {"type", &kindName},
+    {"type-name", &kindName}};
+constexpr ChildForm elementChildren[] = {{"center", &point}, {"size", &size}, {"tags", &tags}, {"groups", &groups}};
+
+constexpr PropertyForm documentProperties[] = {{"version", &integer}};
+constexpr ChildForm documentChildren[] = {{"bounding-box", &rect}, {"content-box", &rect}, {"xdata", &xdata}};
+
+constexpr ElementKind kinds[] = {
+    {"paper", &elementForm, Needs::size},    {"image", &image, Needs::size},
+    {"text", &richTextElement, Needs::size}, {"text-circle", &richTextElement, Needs::size},
+    {"table", &table, Needs::height},        {"line", &segment, Needs::nothing},
+    {"point", &elementForm, Needs::nothing}, {"circle", &figure, Needs::size},
+    {"rectangle", &figure, Needs::size},     {"shape", &shape, Needs::size},
+    {"arrow", &segment, Needs::nothing},     {"dimension", &segment, Needs::nothing},
+    {"dummy", &elementForm, Needs::nothing}, {"state-button", &button, Needs::size},
+    {"mirror", &mirror, Needs::size},        {"label", &label, Needs::nothing}};
+
+constexpr std::string_view reservedKinds[] = {"base",        "custom",          "animation",
+                                              "movie-image", "animation-image", "authed-state-button-action"};
+
+// Names are nearly always written as here, and telling two texts apart is quick then.
+template <typename Form>
+const Form* find(std::span<const Form> forms, std::string_view name) {
+  for (const Form& form : forms)
+    if (form.name == name) return &form;
+  for (const Form& form : forms)
+    if (sameName(form.name, name)) return &form;
+  return nullptr;
+}
+
+}  // namespace
+
+constexpr NodeForm colourForm{nullptr, colourProperties, {}};
+constexpr NodeForm dataForm{nullptr, dataProperties, dataChildren};
+constexpr NodeForm documentForm{nullptr, documentProperties, documentChildren, nullptr, true};
+constexpr NodeForm elementForm{nullptr, elementProperties, elementChildren};
+
+std::span<const ElementKind> elementKinds() {
+  return kinds;
+}
+
+const ElementKind* findElementKind(std::string_view name) {
+  return find(elementKinds(), name);
+}
+
+bool isReservedKind(std::string_view name) {
+  return std::any_of(std::begin(reservedKinds), std::end(reservedKinds),
+                     [&](std::string_view known) { return sameName(known, name); });
+}
+
+const PropertyForm* findProperty(const NodeForm& form, std::string_view name) {
+  const PropertyForm* property = find(form.properties, name);
+  return property || !form.base ? property : findProperty(*form.base, name);
+}
+
+const ChildForm* findChild(const NodeForm& form, std::string_view name) {
+  const ChildForm* child = find(form.children, name);
+  return child || !form.base ? child : findChild(*form.base, name);
+}
+
+}  // namespace host

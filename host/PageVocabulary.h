@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+// The names that stand in pages, as the module reads them: which nodes and properties a node may have, and what values
+// those take. docs/page.rng says the same to other tools; a test holds the two against each other.
+namespace host {
+
+enum class ValueKind { text, boolean, number, integer, word };
+
+struct ValueForm {
+  std::string_view name;  // as the schema calls it
+  ValueKind kind;
+  // What an integer may be; one of the words, if there are some, written as numbers for an integer.
+  std::int64_t low;
+  std::int64_t high;
+  std::span<const std::string_view> words;
+  // What becomes of any other value, to stand after "; ".
+  std::string_view otherwise;
+  // The module refuses the page for any other value.
+  bool refused;
+  // A number beyond low or high counts as that.
+  bool clamps = false;
+};
+
+struct NodeForm;
+
+struct PropertyForm {
+  std::string_view name;
+  const ValueForm* value;
+};
+
+struct ChildForm {
+  std::string_view name;
+  const NodeForm* form;
+  bool repeated = false;
+};
+
+enum class Content { none, picture, richText };
+
+struct NodeForm {
+  const NodeForm* base;  // what this one has besides its own, or null
+  std::span<const PropertyForm> properties;
+  std::span<const ChildForm> children;
+  const NodeForm* anyChild = nullptr;  // children of any other name have this form
+  bool holdsElements = false;
+  Content content = Content::none;
+};
+
+// What an element shows nothing without.
+enum class Needs { nothing, height, size };
+
+struct ElementKind {
+  std::string_view name;
+  const NodeForm* form;
+  Needs needs;
+};
+
+extern const NodeForm documentForm;
+extern const NodeForm elementForm;
+extern const NodeForm colourForm;
+extern const NodeForm dataForm;  // an entry of the extension data
+
+// The kinds that the module makes.
+std::span<const ElementKind> elementKinds();
+// Null for a name that is none of them.
+const ElementKind* findElementKind(std::string_view name);
+// Kinds and type names that are known and that the module does not make.
+bool isReservedKind(std::string_view name);
+
+// Null for a name that the form does not have.
+const PropertyForm* findProperty(const NodeForm& form, std::string_view name);
+const ChildForm* findChild(const NodeForm& form, std::string_view name);
+
+}  // namespace host
