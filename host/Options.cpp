@@ -20,6 +20,14 @@ constexpr std::int64_t maxFrame = 1'000'000'000;
 constexpr double maxDuration = 24 * 60 * 60;
 constexpr int maxRate = 1000;
 
+constexpr char checkFooter[] =
+    "Every problem is one line on standard output, with the line of the page that it is in. Errors are what the page\n"
+    "is not shown for, or not as it is written; warnings are what is ignored. A summary of what the page holds "
+    "follows.\n"
+    "Files that the page names are looked for from the current folder, as they are when it is rendered.\n"
+    "\n"
+    "Exit codes: 0 no errors, 1 errors, or the file cannot be read, 2 wrong usage.";
+
 constexpr char footer[] =
     "Without --input the page lies on black, has the shape of the page at 1080 lines, and 25 frames a second.\n"
     "With a clip or a picture the frames have its size and rate; pixels that are not square are made square.\n"
@@ -109,7 +117,7 @@ void checkOutput(const std::string& output) {
 
 }  // namespace
 
-std::optional<Options> parseOptions(int argc, const char* const* argv) {
+std::optional<Request> parseOptions(int argc, const char* const* argv) {
   Options options;
   std::string size, rate, duration, frames, state;
   std::vector<std::string> settings;
@@ -138,6 +146,11 @@ std::optional<Options> parseOptions(int argc, const char* const* argv) {
       ->required()
       ->option_text("OUT.png|OUT.mp4|-");
 
+  CheckOptions checkOptions;
+  CLI::App* check = app.add_subcommand("check", "Tell what is wrong with a page, and what it holds");
+  check->footer(checkFooter);
+  check->add_option("page", checkOptions.page, "The page, an XML file")->required()->option_text("PAGE.xml");
+
   try {
     app.parse(argc, argv);
   } catch (const CLI::Success& success) {
@@ -146,6 +159,7 @@ std::optional<Options> parseOptions(int argc, const char* const* argv) {
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
   }
+  if (check->parsed()) return checkOptions;
 
   if (render->count("--input") > 0 && options.input.empty()) refuse("--input", "\"\"", "a file, #rrggbb or #rrggbbaa");
   if (!options.input.empty()) checkInput(options.input);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace host {
@@ -24,7 +25,14 @@ struct Options {
   std::string output;  // a file that ends in .png or .mp4, or "-"
 };
 
+// What `mfilter check` was asked to do.
+struct CheckOptions {
+  std::string page;
+};
+
+using Request = std::variant<Options, CheckOptions>;
+
 // Throws UsageError. Nothing when the arguments only asked for help or the version, which has been printed then.
-std::optional<Options> parseOptions(int argc, const char* const* argv);
+std::optional<Request> parseOptions(int argc, const char* const* argv);
 
 }  // namespace host

@@ -2,6 +2,7 @@ extern "C" {
 #include <libavutil/log.h>
 }
 
+#include "host/CheckCommand.h"
 #include "host/Errors.h"
 #include "host/Interrupt.h"
 #include "host/Options.h"
@@ -20,14 +21,20 @@ int complain(const std::string& text, ExitCode code) {
   return code;
 }
 
+ExitCode carryOut(const host::Request& request) {
+  if (const auto* options = std::get_if<host::CheckOptions>(&request)) return host::check(*options) ? done : badInput;
+  host::render(std::get<host::Options>(request));
+  return done;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   host::catchSignals();
   av_log_set_level(AV_LOG_QUIET);
   try {
-    if (const auto options = host::parseOptions(argc, argv)) host::render(*options);
-    return done;
+    const auto request = host::parseOptions(argc, argv);
+    return request ? carryOut(*request) : done;
   } catch (const host::OutputClosed&) {
     return done;
   } catch (const host::Interrupted& interrupted) {

@@ -1,0 +1,182 @@
+#include "host/PageResources.h"
+
+#include "host/Base64.h"
+#include "host/ElementFaults.h"
+#include "host/Errors.h"
+#include "host/Interrupt.h"
+#include "host/PageFile.h"
+#include "host/Spelling.h"
+#include "host/StillPicture.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+
+namespace host {
+
+namespace {
+
+// Pictures beyond that many pixels together are not decoded, only looked at.
+constexpr std::int64_t mostPixels = std::int64_t{256} * 1024 * 1024;
+
+constexpr char whiteSpace[] = " \t\n\v\f\r";
+
+// The text of the first text or CDATA section, without white space round it.
+std::string_view contentOf(const xmlNode& node) {
+  for (const xmlNode* child = node.children; child; child = child->next) {
+    std::string_view text = textOf(*child);
+    const std::size_t first = text.find_first_not_of(whiteSpace);
+    if (first == std::string_view::npos) continue;
+    text.remove_prefix(first);
+    return text.substr(0, text.find_last_not_of(whiteSpace) + 1);
+  }
+  return {};
+}
+
+// What the module makes of the first character that is no base64.
+std::string faultAt(std::string_view text, std::size_t place) {
+  const std::string after = " after " + std::to_string(place) + " characters";
+  if (text[place] == '=') return "ends in '=': the module takes no padding, leave it out";
+  if (std::string_view(whiteSpace).find(text[place]) != std::string_view::npos)
+    return "has white space in its base64 text" + after + ": write it in one line";
+  return "has " + inQuotes(text.substr(place, 1)) + " in its base64 text" + after;
+}
+
+long countParagraphs(const xmlNode& richText) {
+  long count = 0;
+  const xmlNode* layout = findChild(richText, "paragraphlayout");
+  for (const xmlNode* child = layout ? firstElement(*layout) : nullptr; child; child = nextElement(*child))
+    if (nameOf(*child) == "paragraph") ++count;
+  return count;
+}
+
+class Reader {
+public:
+  Reader(const PageContent& content, Findings& findings) : content_(content), findings_(findings) {}
+
+  std::vector<Resource> run() {
+    for (const Attachment& attachment : content_.attachments) {
+      checkInterrupt();
+      readAttachment(attachment);
+    }
+    for (const PictureFile& file : content_.files) {
+      checkInterrupt();
+      readFile(file);
+    }
+    return std::move(resources_);
+  }
+
+private:
+  void readAttachment(const Attachment& attachment) {
+    const xmlNode& node = *attachment.node;
+    const std::string place = attachment.element ? tagOf(node) + " of " + describe(*attachment.element) : tagOf(node);
+    const std::string_view text = contentOf(node);
+    if (text.empty()) return findings_.error(lineOf(node), place + " is empty");
+    const Decoded decoded = fromBase64(text);
+    if (decoded.length < text.size()) return findings_.error(lineOf(node), place + " " + faultAt(text, decoded.length));
+
+    Resource resource;
+    resource.content = attachment.content;
+    resource.line = lineOf(node);
+    resource.name = attachment.element ? describe(*attachment.element) : tagOf(node);
+    resource.bytes = decoded.bytes.size();
+    resource.uses = usesOf(attachment.unique);
+    const bool isPicture = attachment.content == Content::picture;
+    const std::string fault =
+        isPicture ? readEmbedded(node, decoded.bytes, resource) : readRichText(decoded.bytes, resource);
+    if (fault.empty())
+      resources_.push_back(std::move(resource));
+    else
+      findings_.error(lineOf(node), place + " " + fault);
+  }
+
+  std::string readEmbedded(const xmlNode& node, std::span<const unsigned char> bytes, Resource& resource) {
+    const std::string extension = findProperty(node, "extension").value_or("");
+    const std::string fault = readPicture(bytes, resource);
+    if (extension.empty())
+      return "has no \"extension\" and is not shown" +
+             (fault.empty() ? "; it is a " + resource.format + " picture" : "");
+    if (!fault.empty()) return fault;
+    if (!sameName(extension, resource.format))
+      return "is not shown: it is a " + resource.format + " picture, but its extension says " + inQuotes(extension);
+    return {};
+  }
+
+  std::string readPicture(std::span<const unsigned char> bytes, Resource& resource) {
+    const StillPicture picture = identifyPicture(bytes);
+    resource.format = picture.format;
+    resource.width = picture.width;
+    resource.height = picture.height;
+    const std::string size = std::to_string(picture.width) + "x" + std::to_string(picture.height);
+    if (picture.format.empty()) return "is no PNG, JPEG, BMP or GIF picture";
+    if (picture.width == 0 || picture.height == 0) return "is a " + picture.format + " picture with a broken header";
+    if (picture.pixels() > StillPicture::maxPixels) return "is not shown: " + size + " pixels are more than 64 Mpixel";
+    pixels_ += picture.pixels();
+    if (pixels_ <= mostPixels && !isWhole(picture, bytes))
+      return "is a damaged or cut off " + picture.format + " picture of " + size;
+    return {};
+  }
+
+  static std::string readRichText(std::span<const unsigned char> bytes, Resource& resource) {
+    std::vector<XmlProblem> problems;
+    const XmlDocument document = readXml({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, problems);
+    if (!document)
+      return "is no rich text: in line " + std::to_string(problems.front().line) + " of it: " + problems.front().text;
+    const xmlNode& root = *xmlDocGetRootElement(document.get());
+    if (nameOf(root) != "richtext") return "is no rich text: its root is " + tagOf(root) + ", not <richtext>";
+    resource.paragraphs = countParagraphs(root);
+    if (resource.paragraphs == 0) return "is a rich text without a <paragraph>";
+    return {};
+  }
+
+  void readFile(const PictureFile& file) {
+    const long line = lineOf(*file.element);
+    const std::string name = describe(*file.element) + " filename=" + inQuotes(file.name, '"');
+    if (const auto known = files_.find(file.name); known != files_.end()) {
+      if (known->second) resources_[*known->second].uses += usesOf(file.unique);
+      return;
+    }
+    files_[file.name] = std::nullopt;
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(file.name, error)) {
+      const bool attached = findChild(*file.element, "attachment-bitmap") != nullptr;
+      return findings_.error(line, name + ": there is no such file; the substitute picture is shown instead" +
+                                       (attached ? ", not the <attachment-bitmap>" : ""));
+    }
+    try {
+      const PageFile content = readPage(file.name);
+      Resource resource;
+      resource.content = Content::picture;
+      resource.line = line;
+      resource.name = file.name;
+      resource.bytes = content.xml.size();
+      resource.uses = usesOf(file.unique);
+      const auto* start = reinterpret_cast<const unsigned char*>(content.xml.data());
+      const std::string fault = readPicture({start, content.xml.size()}, resource);
+      if (!fault.empty()) return findings_.error(line, name + " " + fault);
+      files_[file.name] = resources_.size();
+      resources_.push_back(std::move(resource));
+    } catch (const InputError& problem) {
+      findings_.error(line, problem.what());
+    }
+  }
+
+  long usesOf(long long unique) const {
+    const auto uses = content_.uses.find(unique);
+    return uses == content_.uses.end() ? 1 : uses->second;
+  }
+
+  const PageContent& content_;
+  Findings& findings_;
+  std::vector<Resource> resources_;
+  std::map<std::string, std::optional<std::size_t>> files_;  // those that could be read, by their places
+  std::int64_t pixels_ = 0;
+};
+
+}  // namespace
+
+std::vector<Resource> readResources(const PageContent& content, Findings& findings) {
+  return Reader(content, findings).run();
+}
+
+}  // namespace host

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/Findings.h"
+#include "host/PageContent.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace host {
+
+// A picture or a rich text of a page: in the page itself, or in a file beside it.
+struct Resource {
+  Content content = Content::none;
+  long line = 0;
+  std::string name;  // of the element that has it, or of the file
+  std::size_t bytes = 0;
+  std::string format;  // of a picture
+  std::int64_t width = 0;
+  std::int64_t height = 0;
+  long paragraphs = 0;
+  long uses = 1;
+};
+
+// Reads every resource, notes what is wrong with it, and gives those that are what they should be. Throws Interrupted.
+std::vector<Resource> readResources(const PageContent& content, Findings& findings);
+
+}  // namespace host

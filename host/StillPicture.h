@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace host {
+
+// What can be told of a picture's bytes.
+struct StillPicture {
+  // As the module takes them.
+  static constexpr std::int64_t maxPixels = std::int64_t{64} * 1024 * 1024;
+
+  std::string format;  // "png", "jpg", "bmp", "gif"; empty for anything else
+  std::int64_t width = 0;
+  std::int64_t height = 0;
+
+  std::int64_t pixels() const { return width * height; }
+};
+
+// From the header alone; width and height stay 0 if it is cut off.
+StillPicture identifyPicture(std::span<const unsigned char> bytes);
+
+// Decodes the picture and tells whether it is whole. False for one that has no format.
+bool isWhole(const StillPicture& picture, std::span<const unsigned char> bytes);
+
+}  // namespace host
