@@ -1,0 +1,109 @@
+#include "graphics/skin/Skin.h"
+
+#include "foundation/MersenneTwisterRandomNumberGenerator.h"
+#include "graphics/geometry/XmlNode.h"
+#include "graphics/geometry/XmlValues.h"
+#include "graphics/paint/EffectDC.h"
+#include "graphics/paint/native/BitmapPixels.h"
+#include "graphics/skin/ButtonSkin.h"
+#include "graphics/skin/ShapeSkin.h"
+
+#include <wx/dcclient.h>
+
+#include <algorithm>
+
+namespace graphics::skin {
+
+namespace {
+
+std::int64_t DrawIdentity() {
+  return static_cast<std::int64_t>(orlo::getRandomNumberGenerator()->getNext() * 2.3283064365386963e-10 * 9999999999.0);
+}
+
+/// The first size as it stands, raised on each axis by the others.
+template <class SizeOf>
+CDoubleSize LargestOf(const std::vector<orlo::P<CState>>& states, SizeOf sizeOf) {
+  if (states.empty()) return {};
+  CDoubleSize largest = sizeOf(*states.front());
+  for (std::size_t i = 1; i < states.size(); ++i) {
+    const CDoubleSize size = sizeOf(*states[i]);
+    largest = {std::max(largest.width, size.width), std::max(largest.height, size.height)};
+  }
+  return largest;
+}
+
+template <class Measure>
+CDoubleSize MeasureOnBitmap(Measure measure) {
+  constexpr int kScratchEdge = 10;
+  wxBitmap scratch = MakeAlphaBitmap(kScratchEdge, kScratchEdge);
+  TEffectDC<wxGCDC, wxBitmap&> dc(scratch);
+  return measure(*dc.CreateEffectContext());
+}
+
+/// A window that isn't on a screen has nothing to measure on; text has the same size on a bitmap.
+template <class Measure>
+CDoubleSize MeasureOn(wxWindow* window, Measure measure) {
+  if (!window) return MeasureOnBitmap(measure);
+  wxWindowDC target(window);
+  TEffectDC<wxGCDC, wxWindowDC&> dc(target);
+  return dc.GetGraphicsContext() ? measure(*dc.CreateEffectContext()) : MeasureOnBitmap(measure);
+}
+
+}  // namespace
+
+CSkin::CSkin(const wxString& id) : id_(id), unique_(DrawIdentity()) {}
+
+CDoubleSize CSkin::GetPreferredSize(TEffectGraphicsContext& context, ITextSource* texts,
+                                    IAnimationSource* animations) const {
+  const CDoubleSize largest =
+      LargestOf(states_, [&](const CState& state) { return state.GetPreferredSize(context, texts, animations); });
+  return {largest.width + 1.0, largest.height + 1.0};
+}
+
+CDoubleSize CSkin::GetPreferredSize(wxWindow* window, ITextSource* texts, IAnimationSource* animations) const {
+  return MeasureOn(window,
+                   [&](TEffectGraphicsContext& context) { return GetPreferredSize(context, texts, animations); });
+}
+
+CDoubleSize CSkin::GetPreferredSizeForWidth(TEffectGraphicsContext& context, ITextSource* texts,
+                                            IAnimationSource* animations, std::int32_t width) const {
+  return LargestOf(
+      states_, [&](const CState& state) { return state.GetPreferredSizeForWidth(context, texts, animations, width); });
+}
+
+CDoubleSize CSkin::GetPreferredSizeForWidth(wxWindow* window, ITextSource* texts, IAnimationSource* animations,
+                                            std::int32_t width) const {
+  return MeasureOn(window, [&](TEffectGraphicsContext& context) {
+    return GetPreferredSizeForWidth(context, texts, animations, width);
+  });
+}
+
+void CSkin::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const {
+  xml::WriteText(node, "id", id_);
+  xml::WriteInt64(node, "unique", unique_);
+  xml::CChildAppender states(xml::AppendChild(node, "states"));
+  for (const auto& state : states_) state->WriteToXml(states.Append(state->GetName()), store);
+}
+
+void CSkin::ReadFromXml(const wxXmlNode& node, IResourceInputStore& store) {
+  xml::ReadText(node, "id", id_);
+  xml::ReadInt64(node, "unique", unique_);
+  const wxXmlNode* const states = xml::FindChild(node, "states");
+  if (!states) return;
+  for (const auto& state : states_)
+    if (const wxXmlNode* const child = xml::FindChild(*states, state->GetName())) state->ReadFromXml(*child, store);
+}
+
+orlo::P<CState> CSkin::FindState(const wxString& name) const {
+  const auto found = std::find_if(states_.begin(), states_.end(),
+                                  [&](const auto& state) { return xml::IsSameName(state->GetName(), name); });
+  return found == states_.end() ? nullptr : *found;
+}
+
+orlo::P<CSkin> CreateSkin(const wxString& typeName) {
+  if (typeName == CButtonSkin::kTypeName) return orlo::makeObject<CButtonSkin>("");
+  if (typeName == CShapeSkin::kTypeName) return orlo::makeObject<CShapeSkin>("");
+  return nullptr;
+}
+
+}  // namespace graphics::skin
