@@ -4,6 +4,7 @@
 #include "graphics/elements/GraphicCircle.h"
 #include "graphics/elements/GraphicDimension.h"
 #include "graphics/elements/GraphicDummy.h"
+#include "graphics/elements/GraphicImage.h"
 #include "graphics/elements/GraphicLabel.h"
 #include "graphics/elements/GraphicLine.h"
 #include "graphics/elements/GraphicMirror.h"
@@ -29,6 +30,7 @@ void Register(std::int32_t type) {
 
 void RegisterElements() {
   Register<CGraphicPaper>(GraphicType::kPaper);
+  Register<CGraphicImage>(GraphicType::kImage);
   Register<CGraphicText>(GraphicType::kText);
   Register<CGraphicTextCircle>(GraphicType::kTextCircle);
   Register<CGraphicLine>(GraphicType::kLine);

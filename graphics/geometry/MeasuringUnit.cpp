@@ -37,4 +37,8 @@ wxString FormatForDisplay(double value, int decimals) {
   return result;
 }
 
+wxString FormatLength(double value, int decimals) {
+  return FormatForDisplay(value, decimals) + ' ' + GetUnitName(orlo::getMeasurementSystem(), false);
+}
+
 }  // namespace graphics

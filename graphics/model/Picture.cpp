@@ -1,6 +1,7 @@
 #include "graphics/model/Picture.h"
 
 #include "graphics/model/PictureSize.h"
+#include "graphics/paint/native/ImageConversion.h"
 
 #include <wx/filename.h>
 #include <wx/log.h>
@@ -43,7 +44,8 @@ wxImage LoadPictureFile(const wxFileName& file) {
 }
 
 std::unique_ptr<wxBitmap> MakeBitmap(const wxImage& image) {
-  return image.IsOk() ? std::make_unique<wxBitmap>(image) : nullptr;
+  const wxBitmap bitmap = BitmapOf(image);
+  return bitmap.IsOk() ? std::make_unique<wxBitmap>(bitmap) : nullptr;
 }
 
 std::vector<unsigned char> ReadBytes(wxInputStream& stream, std::size_t limit) {
