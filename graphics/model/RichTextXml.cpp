@@ -1,6 +1,7 @@
 #include "graphics/model/RichTextXml.h"
 
 #include "graphics/geometry/XmlParse.h"
+#include "graphics/model/RichTextCheck.h"
 
 #include <wx/log.h>
 #include <wx/richtext/richtextbuffer.h>
@@ -26,6 +27,7 @@ bool SaveRichText(wxRichTextBuffer& text, wxOutputStream& stream) {
 std::unique_ptr<wxRichTextBuffer> LoadRichText(std::span<const unsigned char> bytes) {
   const xml::CParsed parsed = xml::Parse(bytes, kLimits);
   if (!parsed.document || parsed.document->GetRoot()->GetName() != "richtext") return nullptr;
+  if (!PrepareRichText(*parsed.document->GetRoot())) return nullptr;
   const wxLogNull quiet;
   auto text = std::make_unique<wxRichTextBuffer>();
   wxRichTextXMLHandler handler = MakeHandler();
