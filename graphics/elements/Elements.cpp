@@ -11,6 +11,7 @@
 #include "graphics/elements/GraphicPaper.h"
 #include "graphics/elements/GraphicPoint.h"
 #include "graphics/elements/GraphicRectangle.h"
+#include "graphics/elements/GraphicShape.h"
 #include "graphics/elements/GraphicStateButton.h"
 #include "graphics/elements/GraphicText.h"
 #include "graphics/elements/GraphicTextCircle.h"
@@ -37,6 +38,7 @@ void RegisterElements() {
   Register<CGraphicPoint>(GraphicType::kPoint);
   Register<CGraphicCircle>(GraphicType::kCircle);
   Register<CGraphicRectangle>(GraphicType::kRectangle);
+  Register<CGraphicShape>(GraphicType::kShape);
   Register<CGraphicArrow>(GraphicType::kArrow);
   Register<CGraphicDimension>(GraphicType::kDimension);
   Register<CGraphicDummy>(GraphicType::kDummy);

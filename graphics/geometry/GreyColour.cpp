@@ -10,4 +10,8 @@ wxColour GreyColour(const wxColour& colour, double redWeight, double greenWeight
   return wxColour(grey, grey, grey, colour.Alpha());
 }
 
+wxColour GreyOfShape(const wxColour& colour) {
+  return GreyColour({colour.Red(), colour.Green(), colour.Blue()}, 0.299, 0.587, 0.114);
+}
+
 }  // namespace graphics

@@ -8,4 +8,7 @@ namespace graphics {
 /// in all three channels. Alpha stays.
 wxColour GreyColour(const wxColour& colour, double redWeight, double greenWeight, double blueWeight);
 
+/// What the colours of pens and brushes become: as bright as it was, and opaque.
+wxColour GreyOfShape(const wxColour& colour);
+
 }  // namespace graphics

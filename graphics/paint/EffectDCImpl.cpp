@@ -19,10 +19,6 @@ const wxColour& White() {
   return *wxWHITE;
 }
 
-wxColour GreyOfShape(const wxColour& colour) {
-  return GreyColour({colour.Red(), colour.Green(), colour.Blue()}, 0.299, 0.587, 0.114);
-}
-
 /// Text has another weight for red, and only the low byte of the sum counts.
 wxColour GreyOfText(const wxColour& colour) {
   return GreyColour({colour.Red(), colour.Green(), colour.Blue()}, 255.0, 0.587, 0.114);
@@ -46,9 +42,6 @@ struct CEdges {
 /// The font library applies a scale twice on its way to a letter and fails above 65535 pixels. A surface that drawing
 /// has failed on stays unusable for good, and so does the font.
 constexpr double kLargestLetter = 60000;
-
-/// A dash pattern along so many pixels has more dashes than anyone can wait for.
-constexpr int kLongestDashed = 100'000;
 
 /// Draws dashed outlines of things far larger than any picture with a solid pen.
 class CSolidIfLong {

@@ -19,6 +19,9 @@ constexpr int ToNearPixel(std::int64_t coordinate) {
   return static_cast<int>(std::clamp<std::int64_t>(coordinate, -kFarthestPixel, kFarthestPixel));
 }
 
+/// A dash pattern along so many pixels has more dashes than anyone can wait for.
+constexpr int kLongestDashed = 100'000;
+
 /// Truncated; NaN becomes 0.
 inline int TruncateToPixel(double coordinate) {
   return ToNearPixel(TruncateToInt(coordinate));

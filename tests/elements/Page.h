@@ -6,6 +6,7 @@
 #include "graphics/model/GraphicElement.h"
 #include "graphics/paint/PaintContext.h"
 #include "tests/paint/Canvas.h"
+#include "tests/support/XmlText.h"
 
 #include <wx/xml/xml.h>
 
@@ -25,6 +26,18 @@ public:
 inline void Place(CGraphicElement& element, CDoubleRect frame) {
   element.SetSize(frame.GetSize());
   element.SetTopLeft(frame.left, frame.top);
+}
+
+inline wxString XmlOf(const CGraphicElement& element) {
+  wxXmlNode node(wxXML_ELEMENT_NODE, "element");
+  const auto store = orlo::makeObject<CBase64Resources>();
+  element.WriteToXml(node, *store);
+  return ToText(node);
+}
+
+inline void ReadXml(CGraphicElement& element, const wxString& text) {
+  const auto store = orlo::makeObject<CBase64Resources>();
+  element.ReadFromXml(*ParseXml(text)->GetRoot(), *store);
 }
 
 /// What comes back when an element is written and read.

@@ -8,6 +8,7 @@
 #include "graphics/model/GraphicType.h"
 #include "graphics/paint/PaintContext.h"
 #include "graphics/paint/Toolkit.h"
+#include "tests/support/XmlText.h"
 
 #include <wx/image.h>
 #include <wx/sstream.h>
@@ -89,20 +90,6 @@ inline orlo::P<CTestElement> MakeElement(CDoubleRect frame, std::int32_t type = 
   element->SetCenter(frame.GetCenter());
   element->SetSize(frame.GetSize());
   return element;
-}
-
-inline std::unique_ptr<wxXmlDocument> ParseXml(const wxString& text) {
-  const std::string utf8 = text.utf8_string();
-  return xml::Parse({reinterpret_cast<const unsigned char*>(utf8.data()), utf8.size()}, {256, 1'000'000}).document;
-}
-
-inline wxString ToText(const wxXmlNode& node) {
-  wxXmlDocument document;
-  document.SetRoot(new wxXmlNode(node));
-  wxStringOutputStream stream;
-  document.Save(stream, wxXML_NO_INDENTATION);
-  const wxString text = stream.GetString();
-  return text.Mid(text.find("?>") + 2).Trim().Trim(false);
 }
 
 }  // namespace graphics
