@@ -27,10 +27,13 @@ std::unique_ptr<wxBitmap> CFilterBase64Resource::ReadBitmapOfType(const wxXmlNod
   return CBase64Resources::ReadBitmapOfType(node, name, type, file);
 }
 
-std::unique_ptr<wxBitmap> CFilterBase64Resource::LoadSubstitute() const {
-  auto bitmap = graphics::MakeBitmap(graphics::LoadPictureFile(substituteFile_));
-  if (!bitmap) bitmap = std::make_unique<wxBitmap>();
-  return bitmap;
+std::unique_ptr<wxBitmap> CFilterBase64Resource::LoadSubstitute() {
+  // One picture, however many are gone.
+  if (!substitute_) {
+    const auto bitmap = graphics::MakeBitmap(graphics::LoadPictureFile(substituteFile_));
+    substitute_ = bitmap ? *bitmap : wxBitmap();
+  }
+  return std::make_unique<wxBitmap>(*substitute_);
 }
 
 }  // namespace authfilter

@@ -2,7 +2,11 @@
 
 #include "graphics/model/Base64Resources.h"
 
+#include <wx/bitmap.h>
 #include <wx/filename.h>
+
+#include <memory>
+#include <optional>
 
 namespace authfilter {
 
@@ -18,9 +22,10 @@ public:
                                              wxFileName& file) override;
 
 private:
-  std::unique_ptr<wxBitmap> LoadSubstitute() const;
+  std::unique_ptr<wxBitmap> LoadSubstitute();
 
   wxFileName substituteFile_;
+  std::optional<wxBitmap> substitute_;
 };
 
 }  // namespace authfilter

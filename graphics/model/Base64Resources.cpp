@@ -63,7 +63,7 @@ std::unique_ptr<wxRichTextBuffer> CBase64Resources::ReadRichText(const wxXmlNode
 }
 
 std::unique_ptr<wxBitmap> CBase64Resources::ReadBitmap(const wxXmlNode& node, const wxString& name, wxFileName& file) {
-  if (TakesFile(file)) return MakeBitmap(LoadPictureFile(file));
+  if (TakesFile(file)) return pictures_.ReadFile(file);
   const wxXmlNode* child = xml::FindChild(node, name);
   if (!child) return nullptr;
   wxString extension;
@@ -75,9 +75,9 @@ std::unique_ptr<wxBitmap> CBase64Resources::ReadBitmap(const wxXmlNode& node, co
 
 std::unique_ptr<wxBitmap> CBase64Resources::ReadBitmapOfType(const wxXmlNode& node, const wxString& name,
                                                              wxBitmapType type, wxFileName& file) {
-  if (TakesFile(file)) return MakeBitmap(LoadPictureFile(file));
+  if (TakesFile(file)) return pictures_.ReadFile(file);
   file.Clear();
-  return MakeBitmap(LoadPicture(ReadChildBytes(node, name), type));
+  return pictures_.Read(ReadChildBytes(node, name), type);
 }
 
 orlo::P<orlo::IMemoryBlock> CBase64Resources::ReadBuffer(const wxXmlNode& node, const wxString& name) {

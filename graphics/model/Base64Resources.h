@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Object.h"
+#include "graphics/model/Picture.h"
 #include "graphics/model/ResourceStore.h"
 #include "graphics/model/SharedResources.h"
 
@@ -40,6 +41,7 @@ private:
 
   bool useFiles_ = false;
   CSharedResources shared_;
+  CPictureReader pictures_;
 };
 
 }  // namespace graphics

@@ -1,6 +1,7 @@
 #include "graphics/model/Picture.h"
 
-#include "graphics/model/PictureSize.h"
+#include "graphics/model/PictureHeader.h"
+#include "graphics/paint/native/BitmapPixels.h"
 #include "graphics/paint/native/ImageConversion.h"
 
 #include <wx/filename.h>
@@ -21,31 +22,72 @@ wxBitmapType PictureTypeOf(const wxString& extension) {
   return wxBITMAP_TYPE_INVALID;
 }
 
-wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type) {
-  wxImage image;
-  const auto size = FindPictureSize(bytes);
-  if (bytes.empty() || (size && size->width * size->height > kMaxPicturePixels)) return image;
-  const wxLogNull quiet;
+namespace {
+
+bool IsWithin(const CPictureHeader& header, std::int64_t mostPixels) {
+  return header.width <= kLargestBitmapEdge && header.height <= kLargestBitmapEdge &&
+         header.width * header.height <= std::min(mostPixels, kMaxPicturePixels);
+}
+
+bool Load(wxImage& image, std::span<const unsigned char> bytes, wxBitmapType type) {
   wxMemoryInputStream stream(bytes.data(), bytes.size());
+  return image.LoadFile(stream, type);
+}
+
+/// The toolkit's decoder reads all frames before it gives one, so that the others are cut off; and it crashes at the
+/// end of the bytes, so that there are some behind the trailer.
+bool LoadFirstFrame(wxImage& image, std::span<const unsigned char> bytes) {
+  constexpr unsigned char kTrailer = 0x3B;
+  constexpr std::size_t kBehind = 1024;
+  std::vector<unsigned char> still(bytes.begin(), bytes.end());
+  still.push_back(kTrailer);
+  still.resize(still.size() + kBehind);
+  return Load(image, still, wxBITMAP_TYPE_GIF);
+}
+
+}  // namespace
+
+wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type, std::int64_t mostPixels) {
+  wxImage image;
+  const auto header = FindPictureHeader(bytes);
+  if (!header || !IsWithin(*header, mostPixels)) return image;
+  if (type != wxBITMAP_TYPE_ANY && type != header->type) return image;
+  const wxLogNull quiet;
   try {
-    if (!image.LoadFile(stream, type)) image.Destroy();
+    const auto shown = bytes.first(header->length);
+    const bool loaded =
+        header->type == wxBITMAP_TYPE_GIF ? LoadFirstFrame(image, shown) : Load(image, shown, header->type);
+    if (!loaded) image.Destroy();
   } catch (const std::bad_alloc&) {
     image.Destroy();
   }
   return image;
 }
 
-wxImage LoadPictureFile(const wxFileName& file) {
+wxImage LoadPictureFile(const wxFileName& file, std::int64_t mostPixels) {
   const wxLogNull quiet;
   if (!file.FileExists()) return {};
   wxFileInputStream stream(file.GetFullPath());
   if (!stream.IsOk()) return {};
-  return LoadPicture(ReadBytes(stream, kMaxResourceBytes), wxBITMAP_TYPE_ANY);
+  return LoadPicture(ReadBytes(stream, kMaxResourceBytes), wxBITMAP_TYPE_ANY, mostPixels);
 }
 
 std::unique_ptr<wxBitmap> MakeBitmap(const wxImage& image) {
   const wxBitmap bitmap = BitmapOf(image);
   return bitmap.IsOk() ? std::make_unique<wxBitmap>(bitmap) : nullptr;
+}
+
+std::unique_ptr<wxBitmap> CPictureReader::Read(std::span<const unsigned char> bytes, wxBitmapType type) {
+  return Count(LoadPicture(bytes, type, pixelsLeft_));
+}
+
+std::unique_ptr<wxBitmap> CPictureReader::ReadFile(const wxFileName& file) {
+  return Count(LoadPictureFile(file, pixelsLeft_));
+}
+
+std::unique_ptr<wxBitmap> CPictureReader::Count(const wxImage& image) {
+  if (image.IsOk()) pixelsLeft_ -= std::int64_t{image.GetWidth()} * image.GetHeight();
+  return MakeBitmap(image);
 }
 
 std::vector<unsigned char> ReadBytes(wxInputStream& stream, std::size_t limit) {

@@ -47,7 +47,7 @@ std::unique_ptr<wxBitmap> CZipCatalogue::ReadBitmapOfType(const wxXmlNode& node,
                                                           wxBitmapType type, wxFileName& file) {
   const auto bytes = ReadEntry(ReadEntryName(node, name), kMaxResourceBytes);
   file.Clear();
-  return MakeBitmap(LoadPicture(bytes, type));
+  return pictures_.Read(bytes, type);
 }
 
 orlo::P<orlo::IMemoryBlock> CZipCatalogue::ReadBuffer(const wxXmlNode& node, const wxString& name) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Object.h"
+#include "graphics/model/Picture.h"
 #include "graphics/model/ResourceStore.h"
 #include "graphics/model/SharedResources.h"
 
@@ -43,6 +44,7 @@ private:
   std::vector<std::unique_ptr<wxZipEntry>> entries_;
   std::map<wxString, wxZipEntry*> entriesByName_;
   CSharedResources shared_;
+  CPictureReader pictures_;
 };
 
 }  // namespace graphics

@@ -1,5 +1,5 @@
 #include "graphics/model/Picture.h"
-#include "graphics/model/PictureSize.h"
+#include "graphics/model/PictureHeader.h"
 #include "tests/model/TestElement.h"
 
 #include <gtest/gtest.h>
@@ -31,29 +31,29 @@ protected:
   }
 };
 
-TEST_F(Picture, HasTheSizeThatItsHeaderClaims) {
-  for (const wxBitmapType type : {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_BMP}) {
-    const auto size = FindPictureSize(Save(wxImage(300, 20), type));
-    ASSERT_TRUE(size.has_value()) << type;
-    EXPECT_EQ(*size, (CDoubleSize{300, 20})) << type;
+TEST_F(Picture, HasTheTypeAndSizeThatItsHeaderClaims) {
+  for (const wxBitmapType type : {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_BMP, wxBITMAP_TYPE_TIFF}) {
+    const auto header = FindPictureHeader(Save(wxImage(300, 20), type));
+    ASSERT_TRUE(header.has_value()) << type;
+    EXPECT_EQ(header->type, type);
+    EXPECT_EQ(header->width, 300);
+    EXPECT_EQ(header->height, 20);
   }
-  const auto gif = FindPictureSize(CBytes{'G', 'I', 'F', '8', '9', 'a', 0x2C, 0x01, 0x14, 0x00});
-  EXPECT_EQ(gif.value(), (CDoubleSize{300, 20}));
 }
 
 TEST_F(Picture, HasASizeOfTopDownBitmapsToo) {
   CBytes bytes = Save(wxImage(300, 20), wxBITMAP_TYPE_BMP);
   for (std::size_t i = 0; i < 4; ++i) bytes[22 + i] = i == 0 ? 0xEC : 0xFF;
-  EXPECT_EQ(FindPictureSize(bytes).value(), (CDoubleSize{300, 20}));
+  EXPECT_EQ(FindPictureHeader(bytes)->height, 20);
 }
 
 TEST_F(Picture, HasNoSizeWhereItsHeaderIsCutShort) {
-  for (const wxBitmapType type : {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_BMP}) {
+  for (const wxBitmapType type : {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_BMP, wxBITMAP_TYPE_TIFF}) {
     const CBytes whole = Save(wxImage(300, 20), type);
     for (std::size_t n = 0; n < 20; ++n)
-      EXPECT_FALSE(FindPictureSize({whole.data(), n}).has_value()) << "type " << type << ", " << n << " bytes";
+      EXPECT_FALSE(FindPictureHeader({whole.data(), n}).has_value()) << "type " << type << ", " << n << " bytes";
   }
-  EXPECT_FALSE(FindPictureSize(CBytes(100, 'x')).has_value());
+  EXPECT_FALSE(FindPictureHeader(CBytes(100, 'x')).has_value());
 }
 
 TEST_F(Picture, IsNotDecodedIfItClaimsMorePixelsThanAllowed) {
