@@ -1,7 +1,7 @@
 #include "graphics/model/RichTextCheck.h"
 
 #include "graphics/model/Picture.h"
-#include "graphics/model/PictureSize.h"
+#include "graphics/model/PictureHeader.h"
 
 #include <wx/richtext/richtextbuffer.h>
 #include <wx/xml/xml.h>
@@ -187,11 +187,13 @@ private:
     const std::vector<unsigned char> bytes = BytesOfHex(data->GetNodeContent());
     const auto type = static_cast<wxBitmapType>(NumberOf(picture.GetAttribute("imagetype", "15")).value_or(0));
     const bool known = type == wxBITMAP_TYPE_PNG || type == wxBITMAP_TYPE_JPEG || type == wxBITMAP_TYPE_BMP;
-    const std::optional<CDoubleSize> size = FindPictureSize(bytes);
-    if (!known || !size) return false;
-    const long width = ShownLength(picture, "width", size->width);
-    const long height = ShownLength(picture, "height", size->height);
-    pixels_ += std::max(size->width * size->height, static_cast<double>(width) * static_cast<double>(height));
+    const auto header = FindPictureHeader(bytes);
+    if (!known || !header) return false;
+    const auto ownWidth = static_cast<double>(header->width);
+    const auto ownHeight = static_cast<double>(header->height);
+    const long width = ShownLength(picture, "width", ownWidth);
+    const long height = ShownLength(picture, "height", ownHeight);
+    pixels_ += std::max(ownWidth * ownHeight, static_cast<double>(width) * static_cast<double>(height));
     return pixels_ <= kMaxShownPixels && LoadPicture(bytes, type).IsOk();
   }
 
