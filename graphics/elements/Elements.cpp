@@ -13,6 +13,7 @@
 #include "graphics/elements/GraphicRectangle.h"
 #include "graphics/elements/GraphicShape.h"
 #include "graphics/elements/GraphicStateButton.h"
+#include "graphics/elements/GraphicTable.h"
 #include "graphics/elements/GraphicText.h"
 #include "graphics/elements/GraphicTextCircle.h"
 #include "graphics/model/ElementFactory.h"
@@ -34,6 +35,7 @@ void RegisterElements() {
   Register<CGraphicImage>(GraphicType::kImage);
   Register<CGraphicText>(GraphicType::kText);
   Register<CGraphicTextCircle>(GraphicType::kTextCircle);
+  Register<CGraphicTable>(GraphicType::kTable);
   Register<CGraphicLine>(GraphicType::kLine);
   Register<CGraphicPoint>(GraphicType::kPoint);
   Register<CGraphicCircle>(GraphicType::kCircle);

@@ -14,7 +14,7 @@ TEST(Elements, AreMadeByTheirNamesOnceRegistered) {
   for (const std::int32_t type :
        {GraphicType::kPaper, GraphicType::kLine, GraphicType::kPoint, GraphicType::kCircle, GraphicType::kRectangle,
         GraphicType::kArrow, GraphicType::kDimension, GraphicType::kDummy, GraphicType::kStateButton,
-        GraphicType::kMirror, GraphicType::kLabel, GraphicType::kShape}) {
+        GraphicType::kMirror, GraphicType::kLabel, GraphicType::kShape, GraphicType::kTable}) {
     const auto element = NewInstance(GraphicTypeToXml(type));
     ASSERT_TRUE(element);
     EXPECT_EQ(element->GetType(), type);
