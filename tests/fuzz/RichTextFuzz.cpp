@@ -4,6 +4,7 @@
 #include "graphics/elements/GraphicTextCircle.h"
 #include "graphics/model/RichTextXml.h"
 #include "graphics/paint/EffectDC.h"
+#include "graphics/paint/PaintContext.h"
 #include "graphics/paint/Toolkit.h"
 #include "graphics/paint/native/BitmapPixels.h"
 
