@@ -14,6 +14,8 @@ using host::Picture;
 using host::Size;
 
 constexpr Size sampleSize{1280, 720};
+// Photographs make large references.
+constexpr Size photographSize{640, 360};
 
 Picture draw(const std::string& page, Size size) {
   const Picture input = test::goldenBackground(size);
@@ -37,8 +39,12 @@ TEST_P(Golden, LooksAsItDid) {
 INSTANTIATE_TEST_SUITE_P(Page, Golden, testing::ValuesIn(test::pagesOf(GOLDEN_PAGES)),
                          [](const auto& testCase) { return test::testNameOf(testCase.param); });
 
-TEST(GoldenSample, LooksAsItDid) {
-  test::expectGolden("first-menu", draw(GOLDEN_SAMPLE, sampleSize).view());
+TEST(GoldenSample, FirstMenuLooksAsItDid) {
+  test::expectGolden("first-menu", draw(GOLDEN_SAMPLES "/first-menu.xml", sampleSize).view());
+}
+
+TEST(GoldenSample, MainMenuLooksAsItDid) {
+  test::expectGolden("main-menu", draw(GOLDEN_SAMPLES "/main-menu.xml", photographSize).view());
 }
 
 }  // namespace
