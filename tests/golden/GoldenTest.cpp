@@ -47,4 +47,8 @@ TEST(GoldenSample, MainMenuLooksAsItDid) {
   test::expectGolden("main-menu", draw(GOLDEN_SAMPLES "/main-menu.xml", photographSize).view());
 }
 
+TEST(GoldenSample, ChapterMenuLooksAsItDid) {
+  test::expectGolden("chapter-menu", draw(GOLDEN_SAMPLES "/chapter-menu.xml", photographSize).view());
+}
+
 }  // namespace
