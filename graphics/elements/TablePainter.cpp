@@ -138,6 +138,7 @@ void CTablePainter::PaintCell(const CTableCell& cell, CDoublePoint centre, CEffe
   }
   if (wxRichTextBuffer* const buffer = cell.GetBuffer()) {
     const double textHeight = buffer->GetCachedSize().y / scale_.height;
+    // Before the turn: texts are aligned down the page however the table lies on it.
     text.Translate(0, AlignedBy(cell, textHeight) * scale_.height);
     turnedAndBack(text);
     target.SetTransform(text);
