@@ -73,21 +73,17 @@ void CGraphicText::PaintText(CPaintContext& context, const CDoubleRect& box) {
   const CDoubleSize scale = context.GetDeviceScale();
   const wxRect rect = ToPixelRect({0, 0, GetSize().width * scale.width, GetSize().height * scale.height});
 
-  const auto target = dc.CreateEffectContext();
-  wxGraphicsMatrix place = TextPlace(*target, box.GetCenter(), context, *this);
+  if (NeedsLayout() || rect != layoutRect_) LayOut(dc, rect, scale);
+
+  wxGraphicsMatrix place = TextPlace(*dc.CreateEffectContext(), box.GetCenter(), context, *this);
   if (std::abs(GetRotation()) > kSmallestRotation) place.Rotate(DegToRad(GetRotation()));
   place.Translate(-rect.width / 2.0, -rect.height / 2.0);
-  target->SetTransform(place);
-  dc.SetClippingRegion(rect);
-
-  if (NeedsLayout() || rect != layoutRect_) LayOut(dc, rect, scale);
-  DrawRichText(*buffer_, dc, rect);
-  dc.SetUserScale(1.0, 1.0);
-  dc.Flush();
+  picture_.Draw(dc, *buffer_, rect, place);
 }
 
 void CGraphicText::LayOut(CEffectDC& dc, const wxRect& rect, CDoubleSize deviceScale) {
   layoutRect_ = rect;
+  picture_.Forget();
   const wxSize size = LayOutRichText(*buffer_, dc, rect);
   overflow_ = size.y / deviceScale.height > GetSize().height;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "graphics/elements/TextPicture.h"
 #include "graphics/model/GraphicElement.h"
 #include "graphics/model/GraphicType.h"
 
@@ -8,12 +9,8 @@
 #include <memory>
 
 class wxRichTextBuffer;
-class wxGraphicsMatrix;
 
 namespace graphics {
-
-class CEffectDC;
-class TEffectGraphicsContext;
 
 /// Rich text in the frame, laid out at the size that the frame has at the device's natural resolution: lines break at
 /// the same words whatever the size of the page. A text that is higher than the frame is cut and underlined in red.
@@ -56,6 +53,7 @@ private:
   wxRect layoutRect_;
   std::unique_ptr<wxRichTextBuffer> buffer_;
   bool overflow_ = false;
+  CTextPicture picture_;
 };
 
 }  // namespace graphics

@@ -231,6 +231,34 @@ TEST_F(Text, WithoutContentHasNoAttachment) {
   EXPECT_EQ(text_.GetBuffer(), nullptr);
 }
 
+TEST_F(Text, LooksTheSameASecondTimeAndOnOtherPages) {
+  Show({kSentence}, {20, 10, 100, 100});
+  Painted();
+  CTextPage again;
+  text_.Paint(again.context);
+  for (int y = 0; y < 120; ++y)
+    for (int x = 0; x < 200; ++x) ASSERT_EQ(again.At(x, y), page_.At(x, y)) << x << ", " << y;
+}
+
+TEST_F(Text, ShowsWhatHasChangedSinceItWasPaintedLast) {
+  Show({"MMM"}, {0, 0, 100, 50});
+  const int before = (Painted(), page_.Ink().count);
+  const auto inkNow = [&] {
+    CTextPage page;
+    text_.Paint(page.context);
+    return page.Ink();
+  };
+  text_.SetBuffer(TextOf({"i"}).get());
+  EXPECT_LT(inkNow().count, before);
+  const int left = inkNow().bounds.x;
+  text_.SetTopLeft(40, 0);
+  EXPECT_EQ(inkNow().bounds.x, left + 40);
+  text_.SetTopLeft(190, 0);
+  EXPECT_EQ(inkNow().bounds.x, left + 190);
+  text_.SetTopLeft(300, 0);
+  EXPECT_EQ(inkNow().count, 0) << "beyond the surface";
+}
+
 TEST_F(Text, SurvivesFramesThatAreNoPlaces) {
   const double infinite = std::numeric_limits<double>::infinity();
   for (const double extent : {0.0, -50.0, 1e-9, 1e9, 1e300, infinite, std::numeric_limits<double>::quiet_NaN()}) {

@@ -94,8 +94,15 @@ CTextMask MakeMask(const CTextLayout& layout, const CDeviceBox& box, cairo_matri
   return mask;
 }
 
+/// Halves, and what is a half but for the last digits, go up on both sides of zero: a text looks alike wherever on a
+/// surface it lies.
+double ToWhole(double place) {
+  constexpr double kLastDigits = 1e-6;
+  return std::floor(place + 0.5 + kLastDigits);
+}
+
 double ToPhase(double place) {
-  return std::round(place * kPhases) / kPhases;
+  return ToWhole(place * kPhases) / kPhases;
 }
 
 }  // namespace
@@ -107,8 +114,8 @@ void DrawTextLayout(wxGraphicsContext& context, const std::shared_ptr<const CTex
   cairo_translate(native, 0, layout->GetExtent().ascent);
   cairo_matrix_t matrix;
   cairo_get_matrix(native, &matrix);
-  matrix.x0 = IsTurned(matrix) ? std::round(matrix.x0) : ToPhase(matrix.x0);
-  matrix.y0 = IsUpright(matrix) ? std::round(matrix.y0) : ToPhase(matrix.y0);
+  matrix.x0 = IsTurned(matrix) ? ToWhole(matrix.x0) : ToPhase(matrix.x0);
+  matrix.y0 = IsUpright(matrix) ? ToWhole(matrix.y0) : ToPhase(matrix.y0);
   const double pixelX = std::floor(matrix.x0);
   const double pixelY = std::floor(matrix.y0);
 
