@@ -18,10 +18,6 @@ namespace {
 
 constexpr int lines = 1080;
 
-std::string counted(std::size_t count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
 void print(const std::string& path, const Findings& findings) {
   for (const Finding& finding : findings.sorted()) {
     const char* level = finding.level == Finding::Level::error ? "error: " : "warning: ";

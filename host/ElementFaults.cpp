@@ -1,21 +1,25 @@
 #include "host/ElementFaults.h"
 
+#include "host/Errors.h"
 #include "host/Spelling.h"
-
-#include <charconv>
 
 namespace host {
 
 namespace {
 
-long countChildren(const xmlNode* node) {
-  long count = 0;
+std::size_t countChildren(const xmlNode* node) {
+  std::size_t count = 0;
   for (const xmlNode* child = node ? firstElement(*node) : nullptr; child; child = nextElement(*child)) ++count;
   return count;
 }
 
 bool hasText(const xmlNode& node, std::string_view property) {
   return !findProperty(node, property).value_or("").empty();
+}
+
+// Of a brush or pen.
+bool isTransparent(const xmlNode& node) {
+  return findProperty(node, "style").value_or("") == "106";
 }
 
 // What is wrong with its size, to stand behind its name.
@@ -32,18 +36,18 @@ std::string sizeFault(const xmlNode& element, Needs needs) {
 }
 
 void findTableFaults(const xmlNode& table, Findings& findings) {
-  const long rows = countChildren(findChild(table, "rows"));
-  const long cols = countChildren(findChild(table, "cols"));
+  const std::size_t rows = countChildren(findChild(table, "rows"));
+  const std::size_t cols = countChildren(findChild(table, "cols"));
   const xmlNode* cells = findChild(table, "cells");
-  const long count = countChildren(cells);
+  const std::size_t count = countChildren(cells);
   if (rows == 0 || cols == 0)
     findings.warning(lineOf(table),
                      describe(table) + " has no " + (rows == 0 ? "rows" : "columns") + " and shows nothing");
   else if (count != rows * cols)
     findings.warning(lineOf(cells ? *cells : table),
-                     describe(table) + " has " + std::to_string(rows) + " rows and " + std::to_string(cols) +
-                         " columns but " + std::to_string(count) + " cells, which makes " +
-                         (count < rows * cols ? "the last ones empty" : "those beyond them ignored"));
+                     describe(table) + " has " + counted(rows, "row") + " and " + counted(cols, "column") + " but " +
+                         counted(count, "cell") +
+                         (count < rows * cols ? ": the last ones are empty" : ": those that are too many are ignored"));
 }
 
 void findShapeFaults(const xmlNode& shape, Findings& findings) {
@@ -87,7 +91,7 @@ void findElementFaults(const xmlNode& element, const ElementKind& kind, Findings
 }
 
 void findNodeFaults(const xmlNode& node, const NodeForm& form, Findings& findings) {
-  if (&form == &colourForm && !findProperty(node, "alpha"))
+  if (&form == &colourForm && !findProperty(node, "alpha") && !isTransparent(*node.parent))
     findings.warning(lineOf(node), tagOf(node) + " has no \"alpha\" and is fully transparent; 255 is opaque");
   if (&form == &dataForm && !findProperty(node, "type"))
     findings.warning(lineOf(node), tagOf(node) + " has no \"type\" and is left out");

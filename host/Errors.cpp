@@ -10,6 +10,10 @@ std::string located(const std::string& file, long line, const std::string& text)
   return line > 0 ? file + ":" + std::to_string(line) + ": " + text : located(file, text);
 }
 
+std::string counted(std::size_t count, const std::string& noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
 std::string oneLine(std::string text) {
   for (char& character : text) {
     const auto byte = static_cast<unsigned char>(character);

@@ -35,6 +35,9 @@ public:
 std::string located(const std::string& file, const std::string& text);
 std::string located(const std::string& file, long line, const std::string& text);
 
+// "1 row", "2 rows".
+std::string counted(std::size_t count, const std::string& noun);
+
 // The text with everything that would break a line or steer a terminal replaced by blanks, and no blanks at its end.
 std::string oneLine(std::string text);
 

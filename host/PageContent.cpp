@@ -198,7 +198,10 @@ private:
     if (!findElementKind(name) && !isReservedKind(name)) return unknown(node, name);
     const std::string& wanted = typeName.empty() ? name : typeName;
     const ElementKind* kind = findElementKind(wanted);
-    if (!kind && !isReservedKind(wanted)) return unknown(node, wanted);
+    if (!kind && !isReservedKind(wanted)) {
+      doubt(node);
+      return unknown(node, wanted);
+    }
     if (!kind) {
       refused(node, "element type " + inQuotes(wanted) + " cannot be shown");
       return nullptr;
@@ -271,11 +274,11 @@ private:
     size.line = lineOf(contentBox ? *contentBox : root);
     size.width = contentBox ? numberOf(*contentBox, "width") : bounds_.right - bounds_.left;
     size.height = contentBox ? numberOf(*contentBox, "height") : bounds_.bottom - bounds_.top;
-    if (!size.isUsable()) {
-      content_.findings.error(size.line, size.fault());
-    } else if (!contentBox) {
+    if (!size.isUsable()) return content_.findings.error(size.line, size.fault());
+    if (!contentBox)
       warning(root, "no <content-box>: the page is as large as what its elements cover");
-    }
+    else if (numberOf(*contentBox, "x") != 0 || numberOf(*contentBox, "y") != 0)
+      warning(*contentBox, "\"x\" and \"y\" of <content-box> are ignored: the page begins at 0, 0");
   }
 
   PageContent content_;

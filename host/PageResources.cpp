@@ -139,8 +139,11 @@ private:
     files_[file.name] = std::nullopt;
     std::error_code error;
     if (!std::filesystem::is_regular_file(file.name, error)) {
+      const bool isRelative = std::filesystem::path(file.name).is_relative();
+      const std::string searched = isRelative ? ", looked for from the current folder" : "";
       const bool attached = findChild(*file.element, "attachment-bitmap") != nullptr;
-      return findings_.error(line, name + ": there is no such file; the substitute picture is shown instead" +
+      return findings_.error(line, name + ": there is no such file" + searched +
+                                       "; the substitute picture is shown instead" +
                                        (attached ? ", not the <attachment-bitmap>" : ""));
     }
     try {

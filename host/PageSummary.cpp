@@ -1,5 +1,7 @@
 #include "host/PageSummary.h"
 
+#include "host/Errors.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -38,7 +40,7 @@ std::string detailOf(const Resource& resource) {
   if (resource.content == Content::picture)
     text = resource.format + " " + std::to_string(resource.width) + "x" + std::to_string(resource.height);
   else
-    text = std::to_string(resource.paragraphs) + (resource.paragraphs == 1 ? " paragraph" : " paragraphs");
+    text = counted(static_cast<std::size_t>(resource.paragraphs), "paragraph");
   return text + ", " + sizeText(resource.bytes) + usesText(resource.uses);
 }
 
@@ -61,15 +63,15 @@ std::string elementsLine(const PageContent& content) {
 }
 
 std::string sharedLine(const PageContent& content) {
-  long shared = 0, uses = 0;
+  std::size_t shared = 0;
+  long uses = 0;
   for (const auto& [unique, number] : content.uses) {
     if (number < 2) continue;
     ++shared;
     uses += number;
   }
   if (shared == 0) return {};
-  return "  shared    " + std::to_string(shared) + (shared == 1 ? " element" : " elements") + ", used " +
-         std::to_string(uses) + " times\n";
+  return "  shared    " + counted(shared, "element") + ", used " + std::to_string(uses) + " times\n";
 }
 
 std::string resourceLines(const std::vector<Resource>& resources, Content content, const std::string& title) {

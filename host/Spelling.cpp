@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <numeric>
 
 namespace host {
 
@@ -14,20 +13,21 @@ char lower(char character) {
   return static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
 }
 
-// How many letters must be put in, taken out or changed to make one word of the other.
+// How many letters must be put in, taken out, changed or swapped with the next one to make one word of the other.
 std::size_t distance(std::string_view a, std::string_view b) {
-  std::vector<std::size_t> row(b.size() + 1);
-  std::iota(row.begin(), row.end(), 0U);
-  for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
-    row[0] = i;
-    for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t changed = diagonal + (lower(a[i - 1]) == lower(b[j - 1]) ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({changed, row[j - 1] + 1, row[j] + 1});
+  std::vector<std::vector<std::size_t>> rows(a.size() + 1, std::vector<std::size_t>(b.size() + 1));
+  for (std::size_t i = 0; i <= a.size(); ++i) {
+    for (std::size_t j = 0; j <= b.size(); ++j) {
+      if (i == 0 || j == 0) {
+        rows[i][j] = i + j;
+        continue;
+      }
+      const auto same = [&](std::size_t x, std::size_t y) { return lower(a[x - 1]) == lower(b[y - 1]); };
+      rows[i][j] = std::min({rows[i - 1][j] + 1, rows[i][j - 1] + 1, rows[i - 1][j - 1] + (same(i, j) ? 0 : 1)});
+      if (i > 1 && j > 1 && same(i, j - 1) && same(i - 1, j)) rows[i][j] = std::min(rows[i][j], rows[i - 2][j - 2] + 1);
     }
   }
-  return row.back();
+  return rows[a.size()][b.size()];
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ std::size_t distance(std::string_view a, std::string_view b) {
 std::string suggestion(std::string_view word, const std::vector<std::string_view>& known) {
   if (word.size() > longestWord) return {};
   std::string_view best;
-  std::size_t least = word.size() < 4 ? 1 : std::min<std::size_t>(3, word.size() / 3 + 1);
+  std::size_t least = std::clamp<std::size_t>(word.size() / 3, 1, 3);
   for (const std::string_view candidate : known) {
     const std::size_t changes = distance(word, candidate);
     if (changes > least || (changes == least && !best.empty())) continue;

@@ -22,18 +22,25 @@ constexpr int maxDepth = 256;
 constexpr int maxElements = 4'000'000;
 // The library compares every attribute of a tag with every other.
 constexpr std::ptrdiff_t maxAttributes = 1000;
+constexpr std::ptrdiff_t longestTag = std::ptrdiff_t{4} << 20;
 constexpr std::size_t maxProblems = 20;
 constexpr std::size_t blockSize = 16384;
+// Texts up to this size are read again in one piece if they are no XML: the library tells more problems then.
+constexpr std::size_t mostReadAgain = 262'144;
 
 struct Reading {
   std::vector<XmlProblem>& problems;
   int elements = 0;
+  bool stopped = false;
 
+  // What comes after the first problem of a line is mostly its consequence.
   void add(long line, const std::string& text) {
-    if (problems.size() < maxProblems) problems.push_back({line, oneLine(text)});
+    if (problems.size() >= maxProblems || (!problems.empty() && problems.back().line == line)) return;
+    problems.push_back({line, oneLine(text)});
   }
   void stop(xmlParserCtxt& context, const std::string& text) {
     add(xmlSAX2GetLineNumber(&context), text);
+    stopped = true;
     xmlStopParser(&context);
   }
 };
@@ -42,11 +49,23 @@ Reading& readingOf(xmlParserCtxt& context) {
   return *static_cast<Reading*>(context._private);
 }
 
+// Read in blocks, a document that ends too early gets the message for one that does not end.
+std::string messageOf(const xmlError& error, const xmlParserCtxt& context) {
+  const bool ended = error.code == XML_ERR_DOCUMENT_END;
+  if (ended && context.node) {
+    const auto* name = reinterpret_cast<const char*>(context.node->name);
+    return "the document ends before <" + std::string(name) + "> of line " + std::to_string(lineOf(*context.node)) +
+           " is closed";
+  }
+  const bool noRoot = ended && !(context.myDoc && xmlDocGetRootElement(context.myDoc));
+  if (noRoot || error.code == XML_ERR_DOCUMENT_EMPTY) return "Start tag expected, '<' not found";
+  return error.message ? error.message : "";
+}
+
 void onError(void* userData, xmlErrorPtr error) {
   auto* context = static_cast<xmlParserCtxt*>(userData);
   if (error->level < XML_ERR_ERROR || !context || error->domain == XML_FROM_NAMESPACE) return;
-  const bool noStart = error->code == XML_ERR_DOCUMENT_EMPTY;
-  readingOf(*context).add(error->line, noStart ? "Start tag expected, '<' not found" : error->message);
+  readingOf(*context).add(error->line, messageOf(*error, *context));
 }
 
 void onEntity(void* userData, const xmlChar* name, int, const xmlChar*, const xmlChar*, xmlChar*) {
@@ -69,12 +88,30 @@ void onStart(void* userData, const xmlChar* name, const xmlChar* prefix, const x
     context.node->_private = reinterpret_cast<void*>(static_cast<std::intptr_t>(xmlSAX2GetLineNumber(userData)));
 }
 
-// Whether a tag waits for its end that has too many attributes already. Blocks are small, so that it is seen in time.
-bool tagIsTooLong(const xmlParserCtxt& context) {
-  const xmlParserInput* input = context.input;
-  if (!input || input->end - input->cur < static_cast<std::ptrdiff_t>(blockSize) || *input->cur != '<') return false;
-  return std::count(input->cur, input->end, '=') > maxAttributes && input->cur[1] != '!' && input->cur[1] != '?';
-}
+// Counts the properties of a tag while its end is waited for; only what has come since the last block.
+class TagWatch {
+public:
+  bool isTooLong(xmlParserCtxt& context) {
+    const xmlParserInput* input = context.input;
+    if (!input) return false;
+    const auto start = static_cast<std::int64_t>(input->consumed) + (input->cur - input->base);
+    if (start != start_) {
+      start_ = start;
+      seen_ = 0;
+      properties_ = 0;
+    }
+    const std::ptrdiff_t pending = input->end - input->cur;
+    if (pending < 2 || *input->cur != '<' || input->cur[1] == '!' || input->cur[1] == '?') return false;
+    properties_ += std::count(input->cur + seen_, input->end, '=');
+    seen_ = pending;
+    return properties_ > maxAttributes || seen_ > longestTag;
+  }
+
+private:
+  std::int64_t start_ = -1;
+  std::ptrdiff_t seen_ = 0;
+  std::ptrdiff_t properties_ = 0;
+};
 
 struct ContextDeleter {
   void operator()(xmlParserCtxt* context) const { xmlFreeParserCtxt(context); }
@@ -96,41 +133,59 @@ std::string qualifiedName(const Named& named) {
   return name;
 }
 
-void parseInBlocks(xmlParserCtxt& context, std::string_view xml) {
-  for (std::size_t start = 0; start < xml.size(); start += blockSize) {
+using Context = std::unique_ptr<xmlParserCtxt, ContextDeleter>;
+
+constexpr int parseOptions = XML_PARSE_NONET | XML_PARSE_NOCDATA | XML_PARSE_COMPACT;
+
+Context prepared(Context context, Reading& reading) {
+  if (!context) throw std::bad_alloc();
+  context->_private = &reading;
+  context->sax->serror = onError;
+  context->sax->entityDecl = onEntity;
+  context->sax->startElementNs = onStart;
+  return context;
+}
+
+XmlDocument parseInBlocks(std::string_view xml, Reading& reading) {
+  const Context context = prepared(Context(xmlCreatePushParserCtxt(nullptr, nullptr, nullptr, 0, nullptr)), reading);
+  // The limit of 10 MB on a text, which XML_PARSE_HUGE lifts, is too low for pictures; the file's own limit holds.
+  xmlCtxtUseOptions(context.get(), parseOptions | XML_PARSE_HUGE);
+  TagWatch watch;
+  for (std::size_t start = 0; start < xml.size() && context->instate != XML_PARSER_EOF; start += blockSize) {
     const std::string_view block = xml.substr(start, blockSize);
-    xmlParseChunk(&context, block.data(), static_cast<int>(block.size()), 0);
-    if (context.instate == XML_PARSER_EOF) return;
-    if (tagIsTooLong(context))
-      return readingOf(context).stop(context, "a tag has more than " + std::to_string(maxAttributes) + " properties");
+    xmlParseChunk(context.get(), block.data(), static_cast<int>(block.size()), 0);
+    if (watch.isTooLong(*context))
+      reading.stop(*context, "a tag has more than " + std::to_string(maxAttributes) + " properties or 4 MB");
   }
-  xmlParseChunk(&context, nullptr, 0, 1);
+  if (context->instate != XML_PARSER_EOF) xmlParseChunk(context.get(), nullptr, 0, 1);
+  XmlDocument document(context->myDoc);
+  context->myDoc = nullptr;
+  return document;
+}
+
+void findProblems(std::string_view xml, Reading& reading) {
+  const Context context = prepared(Context(xmlNewParserCtxt()), reading);
+  const XmlDocument document(
+      xmlCtxtReadMemory(context.get(), xml.data(), static_cast<int>(xml.size()), nullptr, nullptr, parseOptions));
 }
 
 }  // namespace
 
 XmlDocument readXml(std::string_view xml, std::vector<XmlProblem>& problems) {
-  const std::unique_ptr<xmlParserCtxt, ContextDeleter> context(
-      xmlCreatePushParserCtxt(nullptr, nullptr, nullptr, 0, nullptr));
-  if (!context) throw std::bad_alloc();
-  // The limit of 10 MB on a text, which XML_PARSE_HUGE lifts, is too low for pictures; the file's own limit holds.
-  xmlCtxtUseOptions(context.get(), XML_PARSE_NONET | XML_PARSE_NOCDATA | XML_PARSE_COMPACT | XML_PARSE_HUGE);
+  if (xml.empty()) {
+    problems.push_back({1, "Document is empty"});
+    return nullptr;
+  }
   Reading reading{problems};
-  context->_private = &reading;
-  context->sax->serror = onError;
-  context->sax->entityDecl = onEntity;
-  context->sax->startElementNs = onStart;
-
-  if (xml.empty())
-    reading.add(1, "Document is empty");
-  else
-    parseInBlocks(*context, xml);
-  XmlDocument document(context->myDoc);
-  context->myDoc = nullptr;
-  if (problems.empty() && (!document || !xmlDocGetRootElement(document.get())))
-    problems.push_back({1, "not an XML document"});
-  if (!problems.empty()) document.reset();
-  return document;
+  XmlDocument document = parseInBlocks(xml, reading);
+  if (problems.empty() && document && xmlDocGetRootElement(document.get())) return document;
+  if (!reading.stopped && xml.size() <= mostReadAgain) {
+    Reading again{problems};
+    problems.clear();
+    findProblems(xml, again);
+  }
+  if (problems.empty()) problems.push_back({1, "not an XML document"});
+  return nullptr;
 }
 
 XmlDocument parseXml(const PageFile& page) {

@@ -1,0 +1,297 @@
+#include "host/Base64.h"
+#include "tests/host/Media.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+// What `mfilter check` says of pages, line by line.
+namespace {
+
+using test::Folder;
+using test::page;
+using test::repeat;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::string place = "<center x=\"80\" y=\"45\"/><size width=\"60\" height=\"40\"/>";
+
+test::Outcome check(const Folder& folder, const std::string& name) {
+  return test::run({MFILTER_COMMAND, "check", name}, folder.path());
+}
+
+test::Outcome check(const std::string& content) {
+  const Folder folder;
+  folder.write("page.xml", content);
+  return check(folder, "page.xml");
+}
+
+// What is said of a page with these elements, which begin in line 4, before the count of errors and warnings.
+std::string findings(const std::string& elements, int exitCode) {
+  const test::Outcome outcome = check(page(elements));
+  EXPECT_EQ(outcome.exitCode, exitCode);
+  EXPECT_EQ(outcome.errors, "");
+  const auto lines = outcome.output.substr(0, outcome.output.find("  page  "));
+  return lines.substr(0, lines.rfind("page.xml: "));
+}
+
+std::string errors(const std::string& elements) {
+  return findings(elements, 1);
+}
+
+std::string warnings(const std::string& elements) {
+  return findings(elements, 0);
+}
+
+std::string rectangle(const std::string& properties, const std::string& nodes = {}) {
+  return "<rectangle" + properties + ">" + place + nodes + "</rectangle>";
+}
+
+std::string image(const std::string& attachment, const std::string& extension = "png") {
+  return "<image name=\"Photo\">" + place + "<attachment-bitmap extension=\"" + extension + "\">" + attachment +
+         "</attachment-bitmap></image>";
+}
+
+std::string text(const std::string& richText) {
+  return "<text>" + place + "<attachment-richtextbuffer>" + host::toBase64(richText) +
+         "</attachment-richtextbuffer></text>";
+}
+
+std::string picture(const Folder& folder, const std::string& size, const std::string& name) {
+  test::makeMedia(folder, "-f lavfi -i testsrc=s=" + size + " -frames:v 1", name);
+  return folder.read(name);
+}
+
+TEST(Check, SaysWhatAPageHolds) {
+  const test::Outcome outcome = check(page(rectangle(" unique=\"3\" type=\"rectangle\"") + rectangle("") +
+                                           "<label text=\"a\"/><rectangle unique=\"3\" type=\"rectangle\"/>"));
+  EXPECT_EQ(outcome.exitCode, 0);
+  EXPECT_EQ(outcome.output,
+            "page.xml: no errors, no warnings\n"
+            "  page      256 x 144 mm, 16:9\n"
+            "  elements  3: 2 rectangle, 1 label\n"
+            "  shared    1 element, used 2 times\n");
+}
+
+TEST(Check, NamesTheAspectAsPeopleKnowIt) {
+  const auto aspect = [](const std::string& size) {
+    const std::string output = check("<page><content-box x=\"0\" y=\"0\" " + size + "/></page>").output;
+    return output.substr(output.find("mm, ") + 4, output.find('\n', output.find("mm, ")) - output.find("mm, ") - 4);
+  };
+  EXPECT_EQ(aspect("width=\"160\" height=\"90\""), "16:9");
+  EXPECT_EQ(aspect("width=\"192\" height=\"144\""), "4:3");
+  EXPECT_EQ(aspect("width=\"160.5\" height=\"90\""), "about 16:9");
+  EXPECT_EQ(aspect("width=\"170\" height=\"50\""), "3.4:1");
+}
+
+TEST(Check, TellsEveryProblemOfBrokenXml) {
+  const test::Outcome outcome = check("<page>\n<line x=1/>\n<line y=\"1\" y=\"2\"/>\n</pages>\n");
+  EXPECT_EQ(outcome.exitCode, 1);
+  EXPECT_THAT(outcome.output, HasSubstr("page.xml:2: error: AttValue: \" or ' expected\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("page.xml:3: error: Attribute y redefined\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("page.xml:4: error: Opening and ending tag mismatch: page line 1 and pages\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("page.xml: 3 errors, 0 warnings\n"));
+}
+
+TEST(Check, TellsWhereACutOffPageIsOpen) {
+  const test::Outcome outcome = check("<page>\n<rectangle>\n" + repeat("<size/>", 50000));
+  EXPECT_THAT(outcome.output,
+              StartsWith("page.xml:3: error: the document ends before <rectangle> of line 2 is closed\n"));
+}
+
+TEST(Check, TellsEveryUnknownNameWithTheLikelyOne) {
+  EXPECT_EQ(errors("<rectangel/>\n<star/>\n<rectangle type=\"circel\"/>\n"),
+            "page.xml:4: error: unknown element type 'rectangel'; did you mean 'rectangle'?\n"
+            "page.xml:5: error: unknown element type 'star'\n"
+            "page.xml:6: error: unknown element type 'circel'; did you mean 'circle'?\n");
+  EXPECT_EQ(warnings(rectangle(" colored=\"true\"", "\n<centre/>")),
+            "page.xml:4: warning: unknown property 'colored' in <rectangle> is ignored; did you mean 'coloured'?\n"
+            "page.xml:5: warning: unknown node <centre> in <rectangle> is ignored; did you mean 'center'?\n");
+}
+
+TEST(Check, TakesNamesInAnyCase) {
+  EXPECT_EQ(warnings("<RECTANGLE VISIBLE=\"TRUE\"><Center X=\"1\"/><SIZE Width=\"1\" height=\"1,5\"/></RECTANGLE>"),
+            "");
+}
+
+TEST(Check, RefusesWhatCannotBeShown) {
+  for (const std::string kind : {"base", "custom", "animation"}) {
+    EXPECT_EQ(errors("<" + kind + "/>"),
+              "page.xml:4: error: element type '" + kind + "' cannot be shown; the module refuses the page\n");
+  }
+}
+
+TEST(Check, TellsWhatBecomesOfNumbersThatAreNone) {
+  EXPECT_EQ(errors("<line rotation=\"45deg\">\n<center x=\"a\" y=\"\"/>\n<start x=\"nan\" y=\"1.5e3\"/></line>"),
+            "page.xml:4: error: <line> rotation=\"45deg\": not a number; only its beginning counts, 45\n"
+            "page.xml:5: error: <center> x=\"a\": not a number; it counts as 0\n"
+            "page.xml:5: error: <center> y=\"\": not a number; it is ignored\n"
+            "page.xml:6: error: <start> x=\"nan\": not a finite number\n");
+}
+
+TEST(Check, TellsColoursOutOfRange) {
+  EXPECT_EQ(errors("<label text=\"a\"><color red=\"256\" green=\"-1\" blue=\"99999999999\" alpha=\"0.5\"/></label>"),
+            "page.xml:4: error: <color> red=\"256\": must be 0 to 255; it counts as 255\n"
+            "page.xml:4: error: <color> green=\"-1\": must be 0 to 255; it counts as 0\n"
+            "page.xml:4: error: <color> blue=\"99999999999\": must be 0 to 255; it counts as 0\n"
+            "page.xml:4: error: <color> alpha=\"0.5\": not a whole number; it counts as 0\n");
+  EXPECT_EQ(warnings("<label text=\"a\"><color red=\"1\"/></label>"),
+            "page.xml:4: warning: <color> has no \"alpha\" and is fully transparent; 255 is opaque\n");
+}
+
+TEST(Check, TellsUnknownWords) {
+  EXPECT_EQ(errors(rectangle(" visible=\"yes\"", "<pen style=\"9\"/>")),
+            "page.xml:4: error: <rectangle> visible=\"yes\": must be true or false; it counts as false\n"
+            "page.xml:4: error: <pen> style=\"9\": must be 100, 101, 102, 103, 104, 105, 106, 111, 112, 113, 114, 115 "
+            "or 116; it is ignored\n");
+}
+
+TEST(Check, RefusesWordsThatTheModuleRefuses) {
+  EXPECT_EQ(errors("<shape shape=\"star\">" + place + "</shape>"),
+            "page.xml:4: error: <shape> shape=\"star\": must be rectangle, rounded-rectangle, ellipse or free-form; "
+            "the module refuses the page\n");
+  EXPECT_EQ(
+      errors("<table>" + place +
+             "<rows><row/></rows><cols><col width=\"9\"/></cols>\n<cells>"
+             "<cell vertical-align=\"middle\"/></cells></table>"),
+      "page.xml:5: error: <cell> vertical-align=\"middle\": must be top, center or bottom; the module refuses the "
+      "page\n");
+}
+
+TEST(Check, TellsElementsThatShowNothing) {
+  EXPECT_EQ(
+      warnings("<rectangle/>\n<circle><size width=\"0\" height=\"0\"/></circle>\n"
+               "<mirror><size width=\"-1\" height=\"1\"/></mirror>\n<image>" +
+               place +
+               "</image>\n<label/>\n"
+               "<text name=\"Title\">" +
+               place + "</text>"),
+      "page.xml:4: warning: <rectangle> has no size and shows nothing\n"
+      "page.xml:5: warning: <circle> has the size 0 and shows nothing\n"
+      "page.xml:6: warning: <mirror> has a size below 0\n"
+      "page.xml:6: warning: <mirror> has no <graphic-document> and shows nothing\n"
+      "page.xml:7: warning: <image> has no picture, neither \"filename\" nor <attachment-bitmap>, and shows "
+      "nothing\n"
+      "page.xml:8: warning: <label> has no \"text\" and shows nothing\n"
+      "page.xml:9: warning: <text> 'Title' has no <attachment-richtextbuffer> and shows \"Double click to edit!\"\n");
+}
+
+TEST(Check, TellsWhatIsIgnored) {
+  EXPECT_EQ(warnings(rectangle("", "\n<size/>\nstray text")),
+            "page.xml:4: warning: text in <rectangle> is ignored: 'stray text'\n"
+            "page.xml:5: warning: a second <size> in <rectangle> is ignored\n");
+}
+
+TEST(Check, TellsNumbersSharedByDifferentTypes) {
+  EXPECT_EQ(
+      errors(rectangle(" unique=\"5\" type=\"rectangle\"") + "\n<circle unique=\"5\" type=\"circle\"/>"),
+      "page.xml:5: error: unique=\"5\" is the type 'rectangle' of line 4, but 'circle' here; the module refuses the "
+      "page\n");
+}
+
+TEST(Check, TellsElementsThatHoldThemselves) {
+  EXPECT_EQ(errors("<mirror unique=\"7\" type=\"mirror\">" + place +
+                   "<graphic-document>\n<mirror unique=\"7\" type=\"mirror\"/></graphic-document></mirror>"),
+            "page.xml:5: error: unique=\"7\" of line 4 contains itself; the module refuses the page\n");
+}
+
+TEST(Check, TellsPagesWithoutSize) {
+  const test::Outcome outcome = check("<page>\n<content-box width=\"0\" height=\"9\"/></page>");
+  EXPECT_EQ(outcome.exitCode, 1);
+  EXPECT_THAT(outcome.output, StartsWith("page.xml:2: error: the content-box has no size\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("  page      no size\n"));
+}
+
+TEST(Check, TellsPicturesOfThePage) {
+  const Folder folder;
+  const std::string bytes = picture(folder, "64x36", "photo.png");
+  folder.write("page.xml", page("<image filename=\"photo.png\">" + place + "</image>\n<image filename=\"photo.png\">" +
+                                place + "</image>\n" + image(host::toBase64(bytes))));
+  const test::Outcome outcome = check(folder, "page.xml");
+  EXPECT_EQ(outcome.exitCode, 0) << outcome.output;
+  EXPECT_THAT(outcome.output, HasSubstr("  pictures  2, "));
+  EXPECT_THAT(outcome.output, HasSubstr(", 4608 pixels\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("    line 6: <image> 'Photo': png 64x36, "));
+  EXPECT_THAT(outcome.output, HasSubstr("    line 4: photo.png: png 64x36, "));
+  EXPECT_THAT(outcome.output, EndsWith(", used 2 times\n"));
+}
+
+TEST(Check, TellsPicturesThatAreNone) {
+  const Folder folder;
+  const std::string bytes = picture(folder, "64x36", "photo.png");
+  const std::string start = "page.xml:4: error: <attachment-bitmap> of <image> 'Photo' ";
+  EXPECT_EQ(errors(image(host::toBase64("Hello"))), start + "is no PNG, JPEG, BMP or GIF picture\n");
+  EXPECT_EQ(errors(image("")), start + "is empty\n");
+  EXPECT_EQ(errors(image("AAA=")), start + "ends in '=': the module takes no padding, leave it out\n");
+  EXPECT_EQ(errors(image("AAAA\nAAAA")),
+            start + "has white space in its base64 text after 4 characters: write it in one line\n");
+  EXPECT_EQ(errors(image(host::toBase64(bytes.substr(0, bytes.size() / 2)))),
+            start + "is a damaged or cut off png picture of 64x36\n");
+  EXPECT_EQ(errors(image(host::toBase64(bytes), "jpg")),
+            start + "is not shown: it is a png picture, but its extension says 'jpg'\n");
+  const std::string huge = std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\x80\0\0\0\x80\0\x08\2\0\0\0", 29);
+  EXPECT_EQ(errors(image(host::toBase64(huge))), start + "is not shown: 32768x32768 pixels are more than 64 Mpixel\n");
+}
+
+TEST(Check, TellsPictureFilesThatAreMissing) {
+  EXPECT_EQ(
+      errors("<image filename=\"gone.png\">" + place + "</image>"),
+      "page.xml:4: error: <image> filename=\"gone.png\": there is no such file, looked for from the current folder; "
+      "the substitute picture is shown instead\n");
+}
+
+TEST(Check, TellsTextsThatAreNone) {
+  const std::string start = "page.xml:4: error: <attachment-richtextbuffer> of <text> is ";
+  EXPECT_EQ(errors(text("<html/>")), start + "no rich text: its root is <html>, not <richtext>\n");
+  EXPECT_EQ(errors(text("<richtext>\n</rich>")),
+            start + "no rich text: in line 2 of it: Opening and ending tag mismatch: richtext line 1 and rich\n");
+  EXPECT_EQ(errors(text("<richtext/>")), start + "a rich text without a <paragraph>\n");
+  EXPECT_EQ(warnings(text("<richtext><paragraphlayout><paragraph/></paragraphlayout></richtext>")), "");
+}
+
+TEST(Check, TellsWhatTheModuleRefusesOnceOnly) {
+  std::string nested = "<point/>";
+  for (int i = 0; i < 10; ++i)
+    nested = "<mirror>" + place + "<graphic-document>" + nested + "</graphic-document></mirror>";
+  EXPECT_EQ(errors(nested), "page.xml:4: error: mirrors show mirrors more than 8 deep; the module refuses the page\n");
+}
+
+TEST(Check, StopsAtTheLimits) {
+  const auto first = [](const std::string& content) {
+    const std::string output = check(content).output;
+    return output.substr(0, output.find('\n'));
+  };
+  EXPECT_EQ(first(repeat("<a>", 300) + repeat("</a>", 300)), "page.xml:1: error: elements nest more than 256 deep");
+  std::string properties;
+  for (int i = 0; i < 100000; ++i) properties += " a" + std::to_string(i) + "=\"\"";
+  EXPECT_EQ(first("<page" + properties + "/>"), "page.xml:1: error: a tag has more than 1000 properties or 4 MB");
+  EXPECT_EQ(first("<page " + std::string(6'000'000, 'x') + "/>"),
+            "page.xml:1: error: a tag has more than 1000 properties or 4 MB");
+}
+
+TEST(Check, CountsWhatItDoesNotPrint) {
+  const std::string output = findings(repeat("<star/>\n", 1200), 1);
+  EXPECT_THAT(output, EndsWith("page.xml: and 200 more\n"));
+}
+
+TEST(Check, StaysOneLineAProblem) {
+  EXPECT_EQ(warnings("<rectangle a=\"\" name=\"x&#10;y\"><size width=\"0\" height=\"0\"/></rectangle>"),
+            "page.xml:4: warning: unknown property 'a' in <rectangle> is ignored\n"
+            "page.xml:4: warning: <rectangle> 'x y' has the size 0 and shows nothing\n");
+}
+
+TEST(Check, NamesAMissingFileOnStandardError) {
+  const Folder folder;
+  const test::Outcome outcome = check(folder, "gone.xml");
+  EXPECT_EQ(outcome.exitCode, 1);
+  EXPECT_EQ(outcome.output, "");
+  EXPECT_EQ(outcome.errors, "gone.xml: No such file or directory\n");
+}
+
+TEST(Check, NeedsAPage) {
+  const test::Outcome outcome = test::run({MFILTER_COMMAND, "check"});
+  EXPECT_EQ(outcome.exitCode, 2);
+  EXPECT_EQ(outcome.errors, "mfilter: page is required\n");
+}
+
+}  // namespace
