@@ -19,11 +19,12 @@ SCENES = ["lake", "forest", "city", "dunes", "lighthouse", "coast", "night"]
 WHOLE = ["lighthouse", "coast", "night"]  # of the others the pages use only what is cut from them
 SMALL = (384, 216)
 
-# The lake leaves a window free, through which a film shows: four parts round it.
+# The lake leaves a window free, through which a film shows: four parts round it, which overlap, as their edges fall
+# on whole pixels at few sizes.
 LAKE_PARTS = {
     "lake-top": (0, 0, 1280, 420),
-    "lake-left": (0, 420, 820, 640),
-    "lake-right": (1200, 420, 1280, 640),
+    "lake-left": (0, 400, 820, 660),
+    "lake-right": (1200, 400, 1280, 660),
     "lake-bottom": (0, 640, 1280, 720),
 }
 
