@@ -22,7 +22,10 @@ void DrawCentredHint(wxDC& dc, const wxString& text, const CDoubleRect& rect, bo
     dc.DrawBitmap(*icon, TruncateToPixel(centre.x - icon->GetWidth() * 0.5), y, true);
     y += icon->GetHeight();
   }
-  if (showsText) dc.DrawBitmap(*words, TruncateToPixel(centre.x - words->GetWidth() / 2), y, true);
+  if (showsText) {
+    const int half = words->GetWidth() / 2;
+    dc.DrawBitmap(*words, TruncateToPixel(centre.x - half), y, true);
+  }
 }
 
 }  // namespace graphics
