@@ -18,6 +18,8 @@ namespace {
 
 // Pictures beyond that many pixels together are not decoded, only looked at.
 constexpr std::int64_t mostPixels = std::int64_t{256} * 1024 * 1024;
+// What the module takes of all pictures together.
+constexpr std::int64_t maxPagePixels = std::int64_t{512} * 1024 * 1024;
 
 constexpr char whiteSpace[] = " \t\n\v\f\r";
 
@@ -109,6 +111,7 @@ private:
     resource.height = picture.height;
     const std::string size = std::to_string(picture.width) + "x" + std::to_string(picture.height);
     if (picture.format.empty()) return "is no PNG, JPEG, BMP or GIF picture";
+    if (picture.isOfOtherKind()) return {};
     if (picture.width == 0 || picture.height == 0) return "is a " + picture.format + " picture with a broken header";
     if (picture.pixels() > StillPicture::maxPixels) return "is not shown: " + size + " pixels are more than 64 Mpixel";
     pixels_ += picture.pixels();

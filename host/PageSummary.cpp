@@ -37,7 +37,9 @@ std::string usesText(long uses) {
 
 std::string detailOf(const Resource& resource) {
   std::string text;
-  if (resource.content == Content::picture)
+  if (resource.content == Content::picture && resource.width == 0)
+    text = resource.format;
+  else if (resource.content == Content::picture)
     text = resource.format + " " + std::to_string(resource.width) + "x" + std::to_string(resource.height);
   else
     text = counted(static_cast<std::size_t>(resource.paragraphs), "paragraph");

@@ -74,6 +74,9 @@ StillPicture identifyPicture(Bytes bytes) {
                              : StillPicture{"gif", littleEndian(bytes, 6, 2), littleEndian(bytes, 8, 2)};
   if (startsWith(bytes, "\xFF\xD8")) return identifyJpeg(bytes);
   if (startsWith(bytes, "BM")) return identifyBmp(bytes);
+  if (startsWith(bytes, {"II*\0", 4}) || startsWith(bytes, {"MM\0*", 4})) return {"tiff"};
+  if (startsWith(bytes, {"\0\0\1\0", 4})) return {"ico"};
+  if (startsWith(bytes, {"\0\0\2\0", 4})) return {"cur"};
   return {};
 }
 

@@ -11,11 +11,15 @@ struct StillPicture {
   // As the module takes them.
   static constexpr std::int64_t maxPixels = std::int64_t{64} * 1024 * 1024;
 
-  std::string format;  // "png", "jpg", "bmp", "gif"; empty for anything else
+  static constexpr std::int64_t maxSide = 32767;
+
+  // "png", "jpg", "bmp", "gif", or "tiff", "ico", "cur", of which no more is told; empty for anything else.
+  std::string format;
   std::int64_t width = 0;
   std::int64_t height = 0;
 
   std::int64_t pixels() const { return width * height; }
+  bool isOfOtherKind() const { return format == "tiff" || format == "ico" || format == "cur"; }
 };
 
 // From the header alone; width and height stay 0 if it is cut off.
