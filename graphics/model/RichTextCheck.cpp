@@ -176,6 +176,12 @@ private:
     return cells == rows * columns;
   }
 
+  static wxBitmapType PictureTypeOfNumber(long number) {
+    for (const wxBitmapType type : {wxBITMAP_TYPE_PNG, wxBITMAP_TYPE_JPEG, wxBITMAP_TYPE_BMP})
+      if (number == type) return type;
+    return wxBITMAP_TYPE_INVALID;
+  }
+
   bool KeepsPicture(wxXmlNode& picture) {
     const wxXmlNode* data = nullptr;
     for (const wxXmlNode* child = picture.GetChildren(); child; child = child->GetNext()) {
@@ -185,10 +191,9 @@ private:
     }
     if (!data || !data->GetChildren() || data->GetChildren()->GetNext()) return false;
     const std::vector<unsigned char> bytes = BytesOfHex(data->GetNodeContent());
-    const auto type = static_cast<wxBitmapType>(NumberOf(picture.GetAttribute("imagetype", "15")).value_or(0));
-    const bool known = type == wxBITMAP_TYPE_PNG || type == wxBITMAP_TYPE_JPEG || type == wxBITMAP_TYPE_BMP;
+    const wxBitmapType type = PictureTypeOfNumber(NumberOf(picture.GetAttribute("imagetype", "15")).value_or(0));
     const auto header = FindPictureHeader(bytes);
-    if (!known || !header) return false;
+    if (type == wxBITMAP_TYPE_INVALID || !header) return false;
     const auto ownWidth = static_cast<double>(header->width);
     const auto ownHeight = static_cast<double>(header->height);
     const long width = ShownLength(picture, "width", ownWidth);
