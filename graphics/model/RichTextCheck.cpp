@@ -166,13 +166,22 @@ private:
     return code >= 32 && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF) && (code & 0xFFFE) != 0xFFFE;
   }
 
-  static bool IsWhole(const wxXmlNode& table) {
+  /// The toolkit takes every child of a table for a cell.
+  static bool IsWhole(wxXmlNode& table) {
     const long rows = NumberOf(table.GetAttribute("rows")).value_or(0);
     const long columns = NumberOf(table.GetAttribute("cols")).value_or(0);
     if (rows < 1 || columns < 1 || rows > kLargestTable || columns > kLargestTable) return false;
     long cells = 0;
-    for (const wxXmlNode* child = table.GetChildren(); child; child = child->GetNext())
-      cells += child->GetType() == wxXML_ELEMENT_NODE && child->GetName() == "cell";
+    for (wxXmlNode* child = table.GetChildren(); child;) {
+      wxXmlNode* const next = child->GetNext();
+      if (child->GetType() == wxXML_ELEMENT_NODE && child->GetName() == "cell") {
+        ++cells;
+      } else {
+        table.RemoveChild(child);
+        delete child;
+      }
+      child = next;
+    }
     return cells == rows * columns;
   }
 

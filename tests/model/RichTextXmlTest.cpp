@@ -157,6 +157,12 @@ TEST_F(RichTextXml, LeavesOutTablesThatLieAboutTheirCells) {
   EXPECT_EQ(CountChildren(*whole), 1U);
 }
 
+TEST_F(RichTextXml, TakesNothingButCellsForCells) {
+  const auto text = LoadRuns("<table rows=\"1\" cols=\"2\"><cell/>between<cell/><text>more</text></table>");
+  ASSERT_NE(text, nullptr);
+  EXPECT_EQ(CountChildren(*text), 1U);
+}
+
 TEST_F(RichTextXml, PassesOverStyleSheetsAndWhatItDoesNotKnow) {
   const std::string xml =
       "<richtext><stylesheet name=\"s\"><paragraphstyle name=\"p\" basestyle=\"p\" "
