@@ -29,22 +29,6 @@ bool IsWithin(const CPictureHeader& header, std::int64_t mostPixels) {
          header.width * header.height <= std::min(mostPixels, kMaxPicturePixels);
 }
 
-bool Load(wxImage& image, std::span<const unsigned char> bytes, wxBitmapType type) {
-  wxMemoryInputStream stream(bytes.data(), bytes.size());
-  return image.LoadFile(stream, type);
-}
-
-/// The toolkit's decoder reads all frames before it gives one, so that the others are cut off; and it crashes at the
-/// end of the bytes, so that there are some behind the trailer.
-bool LoadFirstFrame(wxImage& image, std::span<const unsigned char> bytes) {
-  constexpr unsigned char kTrailer = 0x3B;
-  constexpr std::size_t kBehind = 1024;
-  std::vector<unsigned char> still(bytes.begin(), bytes.end());
-  still.push_back(kTrailer);
-  still.resize(still.size() + kBehind);
-  return Load(image, still, wxBITMAP_TYPE_GIF);
-}
-
 }  // namespace
 
 wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type, std::int64_t mostPixels) {
@@ -54,10 +38,8 @@ wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type, std
   if (type != wxBITMAP_TYPE_ANY && type != header->type) return image;
   const wxLogNull quiet;
   try {
-    const auto shown = bytes.first(header->length);
-    const bool loaded =
-        header->type == wxBITMAP_TYPE_GIF ? LoadFirstFrame(image, shown) : Load(image, shown, header->type);
-    if (!loaded) image.Destroy();
+    wxMemoryInputStream stream(bytes.data(), bytes.size());
+    if (!image.LoadFile(stream, header->type)) image.Destroy();
   } catch (const std::bad_alloc&) {
     image.Destroy();
   }

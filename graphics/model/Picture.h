@@ -25,8 +25,8 @@ constexpr std::int64_t kMaxStorePixels = std::int64_t{512} << 20;
 /// The type that an extension stands for: "bmp", "jpg", "png" or "ico" without regard to case, otherwise invalid.
 wxBitmapType PictureTypeOf(const wxString& extension);
 
-/// A picture in one of the formats of PictureHeader.h; one that moves stands still at its first frame. Not ok if it is
-/// damaged, too large, or not of the type, where a type is given. The header is looked at before any memory is taken.
+/// A picture in one of the formats of PictureHeader.h. Not ok if it is damaged, too large, or not of the type, where a
+/// type is given. The header is looked at before any memory is taken.
 wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type,
                     std::int64_t mostPixels = kMaxPicturePixels);
 /// A picture of any of the types. Not ok if there is no such file.

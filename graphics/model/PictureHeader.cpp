@@ -35,58 +35,29 @@ std::uint32_t LittleEndian(CBytes bytes, std::size_t at, std::size_t count) {
 
 std::optional<CPictureHeader> FindPng(CBytes bytes) {
   if (bytes.size() < 24) return {};
-  return CPictureHeader{wxBITMAP_TYPE_PNG, BigEndian(bytes, 16, 4), BigEndian(bytes, 20, 4), bytes.size()};
+  return CPictureHeader{wxBITMAP_TYPE_PNG, BigEndian(bytes, 16, 4), BigEndian(bytes, 20, 4)};
 }
 
 /// The header that follows the file header of a BMP, and stands alone in an ICO.
 std::optional<CPictureHeader> FindDib(CBytes bytes) {
   if (bytes.size() < 12) return {};
   constexpr std::uint32_t kOldHeader = 12;
+  constexpr std::uint32_t kRunLengths8 = 1;
+  constexpr std::uint32_t kRunLengths4 = 2;
   if (LittleEndian(bytes, 0, 4) == kOldHeader)
-    return CPictureHeader{wxBITMAP_TYPE_BMP, LittleEndian(bytes, 4, 2), LittleEndian(bytes, 6, 2), bytes.size()};
+    return CPictureHeader{wxBITMAP_TYPE_BMP, LittleEndian(bytes, 4, 2), LittleEndian(bytes, 6, 2)};
+  if (bytes.size() < 20) return {};
+  const std::uint32_t compression = LittleEndian(bytes, 16, 4);
+  if (compression == kRunLengths8 || compression == kRunLengths4) return {};
   // Negative heights are those of pictures with the top row first.
   const auto magnitude = [&](std::size_t at) {
     return std::abs(std::int64_t{static_cast<std::int32_t>(LittleEndian(bytes, at, 4))});
   };
-  return CPictureHeader{wxBITMAP_TYPE_BMP, magnitude(4), magnitude(8), bytes.size()};
+  return CPictureHeader{wxBITMAP_TYPE_BMP, magnitude(4), magnitude(8)};
 }
 
 std::optional<CPictureHeader> FindBmp(CBytes bytes) {
-  auto header = FindDib(From(bytes, 14));
-  if (header) header->length = bytes.size();
-  return header;
-}
-
-std::size_t GifColoursLength(unsigned char flags) {
-  return flags & 0x80U ? std::size_t{3} << ((flags & 7U) + 1) : 0;
-}
-
-/// Blocks of a length byte and so many bytes, up to an empty one. Nothing if that is missing.
-std::optional<std::size_t> FindGifBlocksEnd(CBytes bytes, std::size_t at) {
-  while (at < bytes.size() && bytes[at] != 0) at += std::size_t{1} + bytes[at];
-  if (at >= bytes.size()) return {};
-  return at + 1;
-}
-
-/// Only the first frame counts: what is shown needs no others, and there may be any number of them. All of its blocks
-/// must be there: the toolkit's decoder reads on beyond the end.
-std::optional<CPictureHeader> FindGif(CBytes bytes) {
-  constexpr unsigned char kExtension = 0x21;
-  constexpr unsigned char kFrame = 0x2C;
-  constexpr std::size_t kFrameHeader = 10;
-  if (bytes.size() < 13) return {};
-  std::size_t at = 13 + GifColoursLength(bytes[10]);
-  while (at < bytes.size() && bytes[at] == kExtension) {
-    const auto end = FindGifBlocksEnd(bytes, at + 2);
-    if (!end) return {};
-    at = *end;
-  }
-  if (at + kFrameHeader > bytes.size() || bytes[at] != kFrame) return {};
-  const auto end = FindGifBlocksEnd(bytes, at + kFrameHeader + GifColoursLength(bytes[at + 9]) + 1);
-  if (!end) return {};
-  const std::int64_t width = std::max(LittleEndian(bytes, 6, 2), LittleEndian(bytes, at + 5, 2));
-  const std::int64_t height = std::max(LittleEndian(bytes, 8, 2), LittleEndian(bytes, at + 7, 2));
-  return CPictureHeader{wxBITMAP_TYPE_GIF, width, height, *end};
+  return FindDib(From(bytes, 14));
 }
 
 bool IsStartOfFrame(unsigned marker) {
@@ -106,7 +77,7 @@ std::optional<CPictureHeader> FindJpeg(CBytes bytes) {
     }
     const unsigned marker = bytes[at + 1];
     if (IsStartOfFrame(marker))
-      return CPictureHeader{wxBITMAP_TYPE_JPEG, BigEndian(bytes, at + 7, 2), BigEndian(bytes, at + 5, 2), bytes.size()};
+      return CPictureHeader{wxBITMAP_TYPE_JPEG, BigEndian(bytes, at + 7, 2), BigEndian(bytes, at + 5, 2)};
     if (marker == 0xFF)
       ++at;
     else
@@ -120,7 +91,7 @@ std::optional<CPictureHeader> FindIcon(CBytes bytes, wxBitmapType type) {
   constexpr std::size_t kDirectory = 6;
   constexpr std::size_t kEntry = 16;
   if (bytes.size() < kDirectory) return {};
-  CPictureHeader largest{type, 0, 0, bytes.size()};
+  CPictureHeader largest{type, 0, 0};
   const std::size_t count = LittleEndian(bytes, 4, 2);
   for (std::size_t i = 0; i < count && kDirectory + (i + 1) * kEntry <= bytes.size(); ++i) {
     const CBytes picture = From(bytes, LittleEndian(bytes, kDirectory + i * kEntry + 12, 4));
@@ -143,7 +114,7 @@ std::optional<CPictureHeader> FindTiff(CBytes bytes) {
   const auto number = bytes[0] == 'I' ? LittleEndian : BigEndian;
   const std::size_t directory = number(bytes, 4, 4);
   if (directory + 2 > bytes.size()) return {};
-  CPictureHeader header{wxBITMAP_TYPE_TIFF, 0, 0, bytes.size()};
+  CPictureHeader header{wxBITMAP_TYPE_TIFF, 0, 0};
   const std::size_t count = number(bytes, directory, 2);
   for (std::size_t i = 0; i < count && directory + 2 + (i + 1) * kEntry <= bytes.size(); ++i) {
     const std::size_t entry = directory + 2 + i * kEntry;
@@ -163,7 +134,6 @@ std::optional<CPictureHeader> FindPictureHeader(CBytes bytes) {
   if (StartsWith(bytes, "\x89PNG")) return FindPng(bytes);
   if (StartsWith(bytes, "\xFF\xD8")) return FindJpeg(bytes);
   if (StartsWith(bytes, "BM")) return FindBmp(bytes);
-  if (StartsWith(bytes, "GIF8")) return FindGif(bytes);
   if (StartsWith(bytes, "\0\0\1\0"sv)) return FindIcon(bytes, wxBITMAP_TYPE_ICO);
   if (StartsWith(bytes, "\0\0\2\0"sv)) return FindIcon(bytes, wxBITMAP_TYPE_CUR);
   if (StartsWith(bytes, "II*\0"sv) || StartsWith(bytes, "MM\0*"sv)) return FindTiff(bytes);

@@ -67,7 +67,7 @@ CBytes BmpOf(std::int32_t width, std::int32_t height, int bits, std::uint32_t co
   return bytes;
 }
 
-/// Frames of one pixel, each in a colour of its own: red, then blue.
+/// Sound frames of one pixel: red, then blue.
 CBytes AnimatedGif() {
   CBytes bytes{'G', 'I', 'F', '8', '9', 'a', 1, 0, 1, 0, 0x80, 0, 0, 255, 0, 0, 0, 0, 255};
   for (const unsigned char code : CBytes{0x44, 0x4C}) {
@@ -141,16 +141,9 @@ TEST_F(PictureFormats, ReadJpegsOfPrintersColours) {
 TEST_F(PictureFormats, ReadBmpsOfEveryCoding) {
   const CBytes blackAndWhite{0, 0, 0, 0, 255, 255, 255, 0};
   EXPECT_EQ(Loaded(BmpOf(2, 2, 1, 0, blackAndWhite, {0x40, 0, 0, 0, 0x80, 0, 0, 0})), "ffffff 000000;000000 ffffff;");
-  const CBytes redAndBlue{0, 0, 255, 0, 255, 0, 0, 0};
-  EXPECT_EQ(Loaded(BmpOf(4, 2, 8, 1, redAndBlue, {4, 1, 0, 0, 3, 0, 1, 1, 0, 0, 0, 1})),
-            "ff0000 ff0000 ff0000 0000ff;0000ff 0000ff 0000ff 0000ff;");
   const CBytes rows{0, 0, 255, 0, 255, 0, 0, 0, 255, 0, 0, 255, 255, 255, 0, 0};
   EXPECT_EQ(Loaded(BmpOf(2, -2, 24, 0, {}, rows)), kFourColours);
   EXPECT_EQ(Loaded(BmpOf(2, 2, 24, 0, {}, rows)), "0000ff ffffff;ff0000 00ff00;");
-}
-
-TEST_F(PictureFormats, ShowTheFirstFrameOfWhatMoves) {
-  EXPECT_EQ(Loaded(AnimatedGif()), "ff0000;");
 }
 
 TEST_F(PictureFormats, ReadIconsWithTheirMask) {
@@ -174,7 +167,13 @@ TEST_F(PictureFormats, ReadTiffs) {
             kFourColours);
 }
 
-TEST_F(PictureFormats, RefuseTheTypesWhoseHeadersBoundNothing) {
+TEST_F(PictureFormats, RefuseTheTypesThatCannotBeReadSafely) {
+  EXPECT_EQ(Loaded(AnimatedGif()), "none");
+  EXPECT_EQ(Loaded(AnimatedGif(), wxBITMAP_TYPE_GIF), "none");
+  const CBytes redAndBlue{0, 0, 255, 0, 255, 0, 0, 0};
+  const CBytes runs{4, 1, 0, 0, 3, 0, 1, 1, 0, 0, 0, 1};
+  EXPECT_EQ(Loaded(BmpOf(4, 2, 8, 1, redAndBlue, runs)), "none");
+  EXPECT_EQ(Loaded(BmpOf(4, 2, 4, 2, redAndBlue, runs)), "none");
   wxImage image(2, 2);
   for (const wxBitmapType type : {wxBITMAP_TYPE_PCX, wxBITMAP_TYPE_PNM, wxBITMAP_TYPE_TGA, wxBITMAP_TYPE_XPM}) {
     const CBytes bytes = Saved(image, type);
@@ -194,12 +193,6 @@ TEST_F(PictureFormats, AreMissingWhereTheirHeaderClaimsTooMuch) {
   EXPECT_EQ(Loaded(BmpOf(100'000, 100'000, 1, 0, {}, CBytes(100))), "none");
   EXPECT_EQ(Loaded(BmpOf(2'000'000'000, -2'000'000'000, 8, 1, {}, CBytes(100))), "none");
   EXPECT_EQ(Loaded(BmpOf(40'000, 2, 1, 0, {}, CBytes(20'000))), "none") << "wider than a bitmap can be";
-  CBytes gif = AnimatedGif();
-  gif[6] = gif[7] = gif[8] = gif[9] = 255;
-  EXPECT_EQ(Loaded(gif), "none");
-  gif = AnimatedGif();
-  for (std::size_t i = 32; i < 36; ++i) gif[i] = 255;
-  EXPECT_EQ(Loaded(gif), "none") << "the frame is larger than its screen";
   CBytes icon = MaskedIcon();
   for (std::size_t i = 26; i < 34; ++i) icon[i] = i % 4 == 1 ? 0x7F : 0xFF;
   EXPECT_EQ(Loaded(icon), "none");
@@ -224,7 +217,7 @@ TEST_F(PictureFormats, AreMissingWhereTheirBytesEndEarly) {
     }
     EXPECT_EQ(Loaded(CBytes(whole.begin(), whole.begin() + 20)), "none");
   }
-  for (const CBytes& whole : {Saved(image, wxBITMAP_TYPE_JPEG), Saved(image, wxBITMAP_TYPE_TIFF), AnimatedGif()}) {
+  for (const CBytes& whole : {Saved(image, wxBITMAP_TYPE_JPEG), Saved(image, wxBITMAP_TYPE_TIFF)}) {
     for (std::size_t n = 0; n < whole.size(); ++n) LoadPicture({whole.data(), n}, wxBITMAP_TYPE_ANY);
     EXPECT_EQ(Loaded(CBytes(whole.begin(), whole.begin() + 12)), "none");
   }
