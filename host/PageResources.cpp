@@ -8,6 +8,7 @@
 #include "host/Spelling.h"
 #include "host/StillPicture.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <optional>
@@ -110,10 +111,15 @@ private:
     resource.width = picture.width;
     resource.height = picture.height;
     const std::string size = std::to_string(picture.width) + "x" + std::to_string(picture.height);
-    if (picture.format.empty()) return "is no PNG, JPEG, BMP or GIF picture";
+    if (picture.format.empty()) return "is no PNG, JPEG or BMP picture";
+    if (picture.isRefused())
+      return "is a " + picture.format + " picture" + (picture.inRunLengths ? " in run lengths" : "") +
+             ", which is not shown; make it a PNG";
     if (picture.isOfOtherKind()) return {};
     if (picture.width == 0 || picture.height == 0) return "is a " + picture.format + " picture with a broken header";
     if (picture.pixels() > StillPicture::maxPixels) return "is not shown: " + size + " pixels are more than 64 Mpixel";
+    if (std::max(picture.width, picture.height) > StillPicture::maxSide)
+      return "is not shown: " + size + " is more than 32767 pixels on a side";
     pixels_ += picture.pixels();
     if (pixels_ <= mostPixels && !isWhole(picture, bytes))
       return "is a damaged or cut off " + picture.format + " picture of " + size;

@@ -37,7 +37,8 @@ StillPicture identifyBmp(Bytes bytes) {
   const auto side = [&](std::size_t at) {
     return std::abs(static_cast<std::int64_t>(static_cast<std::int32_t>(littleEndian(bytes, at, 4))));
   };
-  return {"bmp", side(18), side(22)};
+  const std::int64_t compression = bytes.size() < 34 ? 0 : littleEndian(bytes, 30, 4);
+  return {"bmp", side(18), side(22), compression == 1 || compression == 2};
 }
 
 StillPicture identifyJpeg(Bytes bytes) {
@@ -59,7 +60,6 @@ AVCodecID codecOf(const StillPicture& picture) {
   if (picture.format == "png") return AV_CODEC_ID_PNG;
   if (picture.format == "jpg") return AV_CODEC_ID_MJPEG;
   if (picture.format == "bmp") return AV_CODEC_ID_BMP;
-  if (picture.format == "gif") return AV_CODEC_ID_GIF;
   return AV_CODEC_ID_NONE;
 }
 
@@ -69,9 +69,7 @@ StillPicture identifyPicture(Bytes bytes) {
   if (startsWith(bytes, "\x89PNG\r\n\x1A\n"))
     return bytes.size() < 24 ? StillPicture{"png"}
                              : StillPicture{"png", bigEndian(bytes, 16, 4), bigEndian(bytes, 20, 4)};
-  if (startsWith(bytes, "GIF8"))
-    return bytes.size() < 10 ? StillPicture{"gif"}
-                             : StillPicture{"gif", littleEndian(bytes, 6, 2), littleEndian(bytes, 8, 2)};
+  if (startsWith(bytes, "GIF8")) return {"gif"};
   if (startsWith(bytes, "\xFF\xD8")) return identifyJpeg(bytes);
   if (startsWith(bytes, "BM")) return identifyBmp(bytes);
   if (startsWith(bytes, {"II*\0", 4}) || startsWith(bytes, {"MM\0*", 4})) return {"tiff"};

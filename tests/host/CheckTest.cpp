@@ -220,7 +220,7 @@ TEST(Check, TellsPicturesThatAreNone) {
   const Folder folder;
   const std::string bytes = picture(folder, "64x36", "photo.png");
   const std::string start = "page.xml:4: error: <attachment-bitmap> of <image> 'Photo' ";
-  EXPECT_EQ(errors(image(host::toBase64("Hello"))), start + "is no PNG, JPEG, BMP or GIF picture\n");
+  EXPECT_EQ(errors(image(host::toBase64("Hello"))), start + "is no PNG, JPEG or BMP picture\n");
   EXPECT_EQ(errors(image("")), start + "is empty\n");
   EXPECT_EQ(errors(image("AAA=")), start + "ends in '=': the module takes no padding, leave it out\n");
   EXPECT_EQ(errors(image("AAAA\nAAAA")),
@@ -231,6 +231,20 @@ TEST(Check, TellsPicturesThatAreNone) {
             start + "is not shown: it is a png picture, but its extension says 'jpg'\n");
   const std::string huge = std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\x80\0\0\0\x80\0\x08\2\0\0\0", 29);
   EXPECT_EQ(errors(image(host::toBase64(huge))), start + "is not shown: 32768x32768 pixels are more than 64 Mpixel\n");
+  const std::string wide = std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\x80\0\0\0\0\x01\x08\2\0\0\0", 29);
+  EXPECT_EQ(errors(image(host::toBase64(wide))), start + "is not shown: 32768x1 is more than 32767 pixels on a side\n");
+}
+
+TEST(Check, TellsPicturesThatTheModuleHasNoDecoderFor) {
+  const std::string start = "page.xml:4: error: <attachment-bitmap> of <image> 'Photo' ";
+  EXPECT_EQ(errors(image(host::toBase64("GIF89a"))), start + "is a gif picture, which is not shown; make it a PNG\n");
+  std::string bmp("BM", 2);
+  bmp.resize(54, '\0');
+  bmp[14] = 40;
+  bmp[18] = bmp[22] = 8;
+  bmp[30] = 1;
+  EXPECT_EQ(errors(image(host::toBase64(bmp))),
+            start + "is a bmp picture in run lengths, which is not shown; make it a PNG\n");
 }
 
 TEST(Check, TellsPictureFilesThatAreMissing) {
