@@ -18,6 +18,15 @@ std::set<CGraphicElement*> ElementsOf(const CGraphicDocument& document) {
 
 }  // namespace
 
+orlo::P<CGraphicDocument> CopyOutline(CGraphicDocument& document) {
+  auto copy = orlo::makeObject<CGraphicDocument>();
+  copy->Assign(document);
+  copy->Clear();
+  if (document.HasContentBox()) copy->SetContentBox(document.GetPageRect());
+  for (std::size_t i = 0; i < document.GetCount(); ++i) copy->Add(document.GetElement(i)->Clone());
+  return copy;
+}
+
 CFreeForm::CFreeForm(const wxString& name, const orlo::P<CGraphicDocument>& document)
     : name_(name), document_(document) {
   if (GetOutline().size() > kMaxFreeFormPoints)
@@ -37,12 +46,6 @@ std::vector<CDoublePoint> CFreeForm::GetOutline() const {
 
 orlo::P<CFreeForm> CFreeForm::Clone() const {
   return orlo::makeObject<CFreeForm>(name_, CopyDocument());
-}
-
-orlo::P<CGraphicDocument> CFreeForm::CopyDocument() const {
-  auto copy = orlo::makeObject<CGraphicDocument>();
-  for (std::size_t i = 0; i < document_->GetCount(); ++i) copy->Add(document_->GetElement(i)->Clone());
-  return copy;
 }
 
 }  // namespace graphics

@@ -15,6 +15,9 @@ namespace graphics {
 /// A free form has at most so many points: each of them costs time in every row of pixels that its outline crosses.
 constexpr std::size_t kMaxFreeFormPoints = 1'000;
 
+/// A document like the other one with clones of its elements.
+orlo::P<CGraphicDocument> CopyOutline(CGraphicDocument& document);
+
 /// An outline of points, in units of its own, centred on (0, 0). The first point stands again at the end of an outline
 /// that is closed. Used by one thread at a time, as the elements that it consists of.
 class CFreeForm : public orlo::CObject {
@@ -33,8 +36,7 @@ public:
   virtual orlo::P<CFreeForm> Clone() const;
 
 protected:
-  /// A document with clones of the elements.
-  orlo::P<CGraphicDocument> CopyDocument() const;
+  orlo::P<CGraphicDocument> CopyDocument() const { return CopyOutline(*document_); }
 
 private:
   wxString name_;

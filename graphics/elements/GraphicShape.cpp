@@ -1,5 +1,7 @@
 #include "graphics/elements/GraphicShape.h"
 
+#include "foundation/Cast.h"
+#include "foundation/wxutil/WXError.h"
 #include "graphics/elements/CloneOf.h"
 #include "graphics/elements/FreeFormManager.h"
 #include "graphics/elements/ShapePainter.h"
@@ -16,7 +18,12 @@ orlo::P<CFreeForm> ReadFreeForm(const wxXmlNode& node, IResourceInputStore& stor
   xml::ReadText(node, "name", name);
   auto document = orlo::makeObject<CGraphicDocument>();
   if (const wxXmlNode* const child = xml::FindChild(node, "graphic-document")) document->ReadFromXml(*child, store);
-  return MakeFreeForm(name, document);
+  for (std::size_t i = 0; i < document->GetCount(); ++i) {
+    const auto shape = orlo::tryCast<CGraphicShape>(document->GetElement(i));
+    if (shape && shape->GetFreeForm()) throw wxutil::CWXError("A free form may not contain free forms");
+  }
+  // A form moves its elements, which the page and other forms may have in places of their own.
+  return MakeFreeForm(name, CopyOutline(*document));
 }
 
 void WriteFreeForm(wxXmlNode& node, const CFreeForm& form, IResourceOutputStore& store) {

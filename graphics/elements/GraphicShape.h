@@ -44,7 +44,8 @@ public:
   orlo::P<CGraphicElement> Clone() const override;
   std::int32_t GetType() const override { return GraphicType::kShape; }
   void WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const override;
-  /// Throws wxutil::CWXError for a text that names no shape and for a free form with too many points.
+  /// Throws wxutil::CWXError for a text that names no shape, for a free form with too many points and for one with
+  /// free forms in it.
   void ReadFromXml(const wxXmlNode& node, IResourceInputStore& store) override;
 
 private:

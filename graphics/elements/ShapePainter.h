@@ -13,8 +13,7 @@ namespace graphics {
 
 /// Where the outline of a shape runs, in device pixels. At right angles it follows whole pixels, and an outline that is
 /// an odd number of pixels wide runs through the middle of those at the frame's edges, so that it looks the same on all
-/// sides. Width and height are never negative, and
-/// what lies farther away than 100,000 pixels is pulled in.
+/// sides. Width and height are never negative, and what lies farther away than 100,000 pixels is pulled in.
 CDoubleRect FrameOfOutline(const CDoubleRect& frame, double rotation, bool oddPen);
 
 /// Paints one shape once.

@@ -15,6 +15,13 @@ class ShapeXml : public testing::Test {
 protected:
   ShapeXml() { RegisterElements(); }
 
+  static orlo::P<CGraphicDocument> ReadPage(const wxString& text) {
+    const auto page = orlo::makeObject<CGraphicDocument>();
+    const auto store = orlo::makeObject<CBase64Resources>();
+    page->ReadFromXml(*ParseXml(text)->GetRoot(), *store);
+    return page;
+  }
+
   CGraphicShape shape_;
 
 private:
@@ -89,6 +96,39 @@ TEST_F(ShapeXml, ReadsFreeFormsOffTheOriginAndCentresThem) {
   ASSERT_TRUE(shape_.GetFreeForm());
   EXPECT_EQ(shape_.GetFreeForm()->GetDisplayName(), "freeform.own");
   EXPECT_EQ(shape_.GetFreeForm()->GetOutline(), (std::vector<CDoublePoint>{{-5, -15}, {5, 15}}));
+}
+
+TEST_F(ShapeXml, FreeFormsLeaveThePointsThatThePageHasAsWellWhereTheyAre) {
+  const auto page = ReadPage(
+      "<page><point unique='5'><center x='10' y='20'/></point>"
+      "<shape><free-form name='freeform.own'><graphic-document>"
+      "<point unique='5'/><point><center x='20' y='40'/></point></graphic-document></free-form></shape>"
+      "<shape><free-form name='freeform.own'><graphic-document>"
+      "<point unique='5'/><point><center x='0' y='0'/></point></graphic-document></free-form></shape></page>");
+  ASSERT_EQ(page->GetCount(), 3U);
+  EXPECT_EQ(page->GetElement(0)->GetCenter(), (CDoublePoint{10, 20}));
+  const auto outlineOf = [&](std::size_t index) {
+    return orlo::cast<CGraphicShape>(page->GetElement(index))->GetFreeForm()->GetOutline();
+  };
+  EXPECT_EQ(outlineOf(1), (std::vector<CDoublePoint>{{-5, -10}, {5, 10}}));
+  EXPECT_EQ(outlineOf(2), (std::vector<CDoublePoint>{{5, 10}, {-5, -10}}));
+}
+
+TEST_F(ShapeXml, FreeFormsWithinFreeFormsAreAnError) {
+  EXPECT_THROW(ReadXml(shape_,
+                       "<shape><free-form><graphic-document><shape><free-form/></shape></graphic-document>"
+                       "</free-form></shape>"),
+               wxutil::CWXError);
+  ReadXml(shape_, "<shape><free-form><graphic-document><shape/></graphic-document></free-form></shape>");
+  EXPECT_EQ(shape_.GetFreeForm()->GetDocument()->GetCount(), 1U);
+}
+
+TEST_F(ShapeXml, FreeFormsKeepThePageBoxOfTheirDocument) {
+  ReadXml(shape_,
+          "<shape><free-form><graphic-document><content-box x='1' y='2' width='3' height='4'/>"
+          "</graphic-document></free-form></shape>");
+  for (const auto& form : {shape_.GetFreeForm(), shape_.GetFreeForm()->Clone()})
+    EXPECT_EQ(form->GetDocument()->GetPageRect(), (CDoubleRect{1, 2, 3, 4}));
 }
 
 TEST_F(ShapeXml, AFreeFormWithoutADocumentHasNoOutline) {
