@@ -1,5 +1,6 @@
 #include "foundation/StringLocalizer.h"
 #include "foundation/wxutil/WXString.h"
+#include "graphics/art/ArtNames.h"
 #include "graphics/art/CentredHint.h"
 #include "graphics/art/SkinManager.h"
 #include "graphics/elements/ElementBox.h"
@@ -34,10 +35,6 @@ bool IsWorthACopy(wxSize size, const wxDC& dc) {
   return size.x <= kLargestBitmapEdge && size.y <= kLargestBitmapEdge &&
          AreaOf(size) <= kLargestCopyInSurfaces * AreaOf(dc.GetSize()) &&
          AreaOf(size) * kBytesPerPixel <= static_cast<std::int64_t>(kScaledCopyBudget);
-}
-
-wxBitmap GreyOf(const wxBitmap& bitmap) {
-  return BitmapOf(ImageOf(bitmap).ConvertToGreyscale(0.299, 0.587, 0.114));
 }
 
 /// The graphics context that a paint context brings along, or one on its device context.
@@ -139,7 +136,7 @@ void CGraphicImage::PaintFrames(CPaintContext& context, const CDoubleRect& box) 
   }
   if (!bitmap_) {
     DrawCentredHint(dc, wxutil::toWxString(orlo::localize("graphics.Image.ClickMe", "Click me!")), box, false,
-                    art.GetArtBitmap("22x22_ClickImage.png", true));
+                    art.GetArtBitmap(ArtName::kClickImage, true));
   } else if (context.viewMode == 2 && HasMargins()) {
     dc.SetPen(wxPen(art.GetFrameColour(0), 1, wxPENSTYLE_DOT));
     dc.DrawRectangle(ToPixelRect(box.Deflated(scaleMargins_)));
@@ -165,11 +162,9 @@ const wxBitmap* CGraphicImage::FindScaled(const CPaintContext& context, wxSize s
 }
 
 wxBitmap CGraphicImage::MakeScaled(wxSize size) const {
-  if (HasMargins()) {
-    const wxBitmap scaled = MakeNinePart(size);
-    return IsColoured() ? scaled : GreyOf(scaled);
-  }
-  wxImage image = ImageOf(*bitmap_);
+  const wxBitmap picture = HasMargins() ? MakeNinePart(size) : *bitmap_;
+  if (HasMargins() && IsColoured()) return picture;
+  wxImage image = ImageOf(picture);
   if (image.GetSize() != size) image.Rescale(size.x, size.y, wxIMAGE_QUALITY_NORMAL);
   if (!IsColoured()) image = image.ConvertToGreyscale(0.299, 0.587, 0.114);
   return BitmapOf(image);

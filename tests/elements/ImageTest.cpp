@@ -1,4 +1,6 @@
 #include "foundation/wxutil/WXString.h"
+#include "graphics/art/ArtNames.h"
+#include "graphics/art/SkinManager.h"
 #include "graphics/elements/GraphicImage.h"
 #include "graphics/geometry/MeasuringUnit.h"
 #include "graphics/geometry/XmlNode.h"
@@ -10,6 +12,7 @@
 #include <wx/image.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <vector>
@@ -204,6 +207,34 @@ TEST_F(Image, ShowsNewColoursAtOnce) {
   image_.SetBitmap(Quarters(2, 2).GetSubBitmap({1, 1, 1, 1}));
   Paint();
   EXPECT_EQ(page_.At(25, 25), kWhite);
+}
+
+TEST_F(Image, KeepsACopyForEachDeviceAndQualityUntilItChanges) {
+  const std::size_t before = CScaledCopy::BytesInUse();
+  const auto kept = [&] { return (CScaledCopy::BytesInUse() - before) / 4; };
+  image_.SetBitmap(Quarters(4, 2));
+  Paint();
+  Paint();
+  EXPECT_EQ(kept(), 40U * 20);
+  page_.context.highQuality = true;
+  Paint();
+  EXPECT_EQ(kept(), 2U * 40 * 20);
+  CPaintContext otherDevice(&page_.dc, page_.context.cacheKey + 1);
+  otherDevice.matrix = CMatrix::Identity();
+  image_.Paint(otherDevice);
+  EXPECT_EQ(kept(), 3U * 40 * 20);
+  Place(image_, {20, 20, 30, 20});
+  Paint();
+  EXPECT_EQ(kept(), 2U * 40 * 20 + 30 * 20) << "in the place of the one in the former size";
+  image_.SetMirror(0, true);
+  for (const auto& change :
+       std::vector<std::function<void()>>{[&] { image_.SetBitmap(Quarters(2, 2)); }, [&] { image_.SetRotation(20); },
+                                          [&] { image_.SetMirror(1, true); }, [&] { image_.SetColoured(false); }}) {
+    Paint();
+    EXPECT_EQ(kept(), 30U * 20);
+    change();
+    EXPECT_EQ(kept(), 0U);
+  }
 }
 
 TEST_F(Image, TellsItsListenersOfChanges) {
@@ -470,6 +501,30 @@ TEST_F(EmptyImage, ShowsAnAuthorItsFrameAndAHint) {
   page_.context.viewMode = 5;
   Painted();
   EXPECT_EQ(page_.Ink().count, 0);
+}
+
+TEST_F(EmptyImage, ShowsAnAuthorThePictureOfTheArtDirectoryOverItsHint) {
+  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / "empty_image_art";
+  std::filesystem::create_directories(folder);
+  wxImage icon(22, 22);
+  icon.SetRGB({0, 0, 22, 22}, 0, 0, 255);
+  ASSERT_TRUE(icon.SaveFile((folder / ArtName::kClickImage).string(), wxBITMAP_TYPE_PNG));
+  const auto& provider = CSkinManager::GetInstance().GetArtProvider();
+  const wxFileName former = provider->GetPath();
+  provider->SetPath(wxFileName::DirName(folder.string()));
+  Place(image_, {10, 10, 100, 60});
+  Paint();
+  EXPECT_EQ(page_.Ink().count, 0);
+  page_.context.viewMode = 1;
+  Paint();
+  provider->SetPath(former);
+  std::filesystem::remove_all(folder);
+  int blue = 0;
+  for (int y = 0; y < 80; ++y)
+    for (int x = 0; x < 120; ++x) blue += page_.At(x, y) == kBlue;
+  EXPECT_EQ(blue, 22 * 22);
+  EXPECT_EQ(page_.At(49, 25), kBlue);
+  EXPECT_EQ(page_.At(70, 25), kBlue);
 }
 
 TEST_F(EmptyImage, TurnsItsFrameWithIt) {
