@@ -103,11 +103,30 @@ TEST_F(FreeForm, FourAreBuiltIn) {
   EXPECT_FALSE(CFreeFormManager::GetInstance().Find("freeform.own"));
 }
 
-TEST_F(FreeForm, TheStarPointsUp) {
-  const auto outline = CFreeFormStar().GetOutline();
-  EXPECT_EQ(outline[0], (CDoublePoint{-154.5, -39}));
-  EXPECT_EQ(outline[2], (CDoublePoint{-0.5, -156}));
-  EXPECT_EQ(outline[6], (CDoublePoint{95.5, 156}));
+TEST_F(FreeForm, BuiltInOnesHaveThePointsThatTheyAreKnownBy) {
+  const auto expect = [](const CFreeForm& form, CDoublePoint middle, const std::vector<CDoublePoint>& points) {
+    const auto outline = form.GetOutline();
+    ASSERT_EQ(outline.size(), points.size());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+      EXPECT_DOUBLE_EQ(outline[i].x, points[i].x - middle.x) << form.GetName() << ' ' << i;
+      EXPECT_DOUBLE_EQ(outline[i].y, points[i].y - middle.y) << form.GetName() << ' ' << i;
+    }
+  };
+  expect(CFreeFormStar(), {154.5, 156},
+         {{0, 117},
+          {117, 117},
+          {154, 0},
+          {191, 117},
+          {309, 117},
+          {213, 192},
+          {250, 312},
+          {154, 239},
+          {59, 312},
+          {94, 192},
+          {0, 117}});
+  expect(CFreeFormTrapeze(), {0, 0}, {{-0.6, -1}, {0.6, -1}, {1, 1}, {-1, 1}, {-0.6, -1}});
+  expect(CFreeFormTriangle(), {0, 0}, {{0, -1}, {1, 1}, {-1, 1}, {0, -1}});
+  expect(CFreeFormParallelogram(), {0.5, 0.5}, {{0, 0}, {0.8, 0}, {1, 1}, {0.2, 1}, {0, 0}});
 }
 
 TEST_F(FreeForm, OfABuiltInNameKeepsTheOutlineThatItIsGiven) {
