@@ -120,6 +120,12 @@ std::unique_ptr<wxRichTextBuffer> CSkinManager::CreateTextBuffer(const wxRichTex
   return buffer;
 }
 
+void CSkinManager::GiveDefaultStyle(wxRichTextBuffer& text) const {
+  wxRichTextAttr style = DefaultTextStyle();
+  style.Apply(text.GetBasicStyle());
+  text.SetBasicStyle(style);
+}
+
 wxColour CSkinManager::GetFrameColour(int index) const {
   const wxColour& colour = colours_.at(static_cast<std::size_t>(index));
   return colour.IsOk() ? colour : *wxBLACK;

@@ -60,6 +60,8 @@ public:
   wxRichTextAttr DefaultTextStyle() const;
   /// A copy of the source, or a text of one empty paragraph for null; its basic style is DefaultTextStyle.
   std::unique_ptr<wxRichTextBuffer> CreateTextBuffer(const wxRichTextBuffer* source);
+  /// DefaultTextStyle below what the text's basic style says itself.
+  void GiveDefaultStyle(wxRichTextBuffer& text) const;
 
   /// The colour of the frame round an element, 0 or 1. They were never given a colour, which draws black.
   wxColour GetFrameColour(int index) const;

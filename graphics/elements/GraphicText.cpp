@@ -135,7 +135,7 @@ void CGraphicText::ReadFromXml(const wxXmlNode& node, IResourceInputStore& store
   CGraphicElement::ReadFromXml(node, store);
   buffer_ = store.ReadRichText(node, kAttachment);
   if (!buffer_) return;
-  buffer_->SetBasicStyle(CSkinManager::GetInstance().DefaultTextStyle());
+  CSkinManager::GetInstance().GiveDefaultStyle(*buffer_);
   MarkDirty();
 }
 

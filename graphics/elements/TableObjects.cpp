@@ -121,7 +121,7 @@ void CTableCell::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const 
 
 void CTableCell::ReadFromXml(const wxXmlNode& node, IResourceInputStore& store) {
   buffer_ = store.ReadRichText(node, kAttachment);
-  if (buffer_) buffer_->SetBasicStyle(CSkinManager::GetInstance().DefaultTextStyle());
+  if (buffer_) CSkinManager::GetInstance().GiveDefaultStyle(*buffer_);
   xml::ReadDouble(node, "margin", margin);
   xml::ReadText(node, "content-id", contentId);
   if (wxString align; xml::ReadText(node, "vertical-align", align)) verticalAlign = VerticalAlignFromXml(align);

@@ -30,6 +30,8 @@ std::unique_ptr<wxRichTextBuffer> LoadRichText(std::span<const unsigned char> by
   if (!PrepareRichText(*parsed.document->GetRoot())) return nullptr;
   const wxLogNull quiet;
   auto text = std::make_unique<wxRichTextBuffer>();
+  // A new one has margins, which nobody asked for.
+  text->SetBasicStyle({});
   wxRichTextXMLHandler handler = MakeHandler();
   for (wxXmlNode* child = parsed.document->GetRoot()->GetChildren(); child; child = child->GetNext())
     if (child->GetType() == wxXML_ELEMENT_NODE && child->GetName() != "richtext-version")

@@ -2,6 +2,7 @@
 
 #include "foundation/Cast.h"
 #include "foundation/Pointer.h"
+#include "graphics/model/Base64.h"
 #include "graphics/model/Base64Resources.h"
 #include "graphics/model/GraphicElement.h"
 #include "graphics/paint/PaintContext.h"
@@ -9,6 +10,8 @@
 #include "tests/support/XmlText.h"
 
 #include <wx/xml/xml.h>
+
+#include <string>
 
 namespace graphics::test {
 
@@ -38,6 +41,15 @@ inline wxString XmlOf(const CGraphicElement& element) {
 inline void ReadXml(CGraphicElement& element, const wxString& text) {
   const auto store = orlo::makeObject<CBase64Resources>();
   element.ReadFromXml(*ParseXml(text)->GetRoot(), *store);
+}
+
+/// A node with a text of one word, whose outermost node has these properties.
+inline wxString RichTextNode(const std::string& properties) {
+  const std::string text = "<richtext><paragraphlayout" + properties +
+                           "><paragraph><text>word</text></paragraph></paragraphlayout></richtext>";
+  return "<attachment-richtextbuffer>" +
+         EncodeBase64({reinterpret_cast<const unsigned char*>(text.data()), text.size()}) +
+         "</attachment-richtextbuffer>";
 }
 
 /// What comes back when an element is written and read.

@@ -1,5 +1,6 @@
 #include "foundation/Cast.h"
 #include "foundation/wxutil/WXError.h"
+#include "graphics/art/SkinManager.h"
 #include "graphics/elements/GraphicTable.h"
 #include "tests/elements/Page.h"
 
@@ -400,6 +401,17 @@ TEST_F(Table, ReadsAsManyCellsAsThereAreColumns) {
   EXPECT_EQ(table_.FindCell(1, 1)->margin, 0);
   EXPECT_EQ(table_.FindCell(2, 0), nullptr);
   Paint();
+}
+
+TEST_F(Table, TextsKeepTheStyleThatTheirFileNames) {
+  ReadXml(table_, "<table><rows><row/></rows><cols><col/><col/></cols><cells><cell>" +
+                      RichTextNode(" textcolor='#FF0000' fontpointsize='30'") + "</cell><cell>" + RichTextNode("") +
+                      "</cell></cells></table>");
+  wxRichTextAttr expected = CSkinManager::GetInstance().DefaultTextStyle();
+  EXPECT_TRUE(table_.FindCell(0, 1)->GetBuffer()->GetBasicStyle() == expected);
+  expected.SetTextColour(wxColour(255, 0, 0));
+  expected.SetFontPointSize(30);
+  EXPECT_TRUE(table_.FindCell(0, 0)->GetBuffer()->GetBasicStyle() == expected);
 }
 
 TEST_F(Table, CellsBeyondTheRowsAndColumnsAreLeftOut) {

@@ -221,6 +221,53 @@ TEST_F(Text, ComesBackFromXmlInTheDefaultStyle) {
   EXPECT_TRUE(copy->GetBuffer()->IsDirty());
 }
 
+TEST_F(Text, KeepsTheStyleThatItsFileNames) {
+  ReadXml(text_, "<text>" +
+                     RichTextNode(" textcolor='#FF0000' fontpointsize='30' alignment='3' margin-left='40,4098'") +
+                     "</text>");
+  wxRichTextAttr expected = CSkinManager::GetInstance().DefaultTextStyle();
+  expected.SetTextColour(wxColour(255, 0, 0));
+  expected.SetFontPointSize(30);
+  expected.SetAlignment(wxTEXT_ALIGNMENT_RIGHT);
+  expected.GetTextBoxAttr().GetMargins().GetLeft().SetValue(40, wxTEXT_ATTR_UNITS_PIXELS);
+  EXPECT_TRUE(text_.GetBuffer()->GetBasicStyle() == expected);
+  Place(text_, {0, 0, 200, 120});
+  const wxRect ink = Painted();
+  EXPECT_GE(ink.x, 40);
+  EXPECT_GT(ink.height, 20);
+  for (int y = ink.y; y <= ink.GetBottom(); ++y)
+    for (int x = ink.x; x <= ink.GetRight(); ++x) EXPECT_EQ(page_.At(x, y).red, page_.At(x, y).alpha);
+}
+
+TEST_F(Text, HasTheDefaultStyleWhereItsFileNamesNone) {
+  ReadXml(text_, "<text>" + RichTextNode("") + "</text>");
+  EXPECT_TRUE(text_.GetBuffer()->GetBasicStyle() == CSkinManager::GetInstance().DefaultTextStyle());
+  ReadXml(text_, "<text>" + RichTextNode(" fontpointsize='30'") + "</text>");
+  const wxRichTextAttr style = text_.GetBuffer()->GetBasicStyle();
+  EXPECT_EQ(style.GetTextColour(), *wxBLACK);
+  EXPECT_EQ(style.GetFontSize(), 30);
+  EXPECT_EQ(style.GetFontFaceName(), CSkinManager::GetInstance().DefaultTextStyle().GetFontFaceName());
+}
+
+TEST_F(Text, SurvivesWhateverItsFileNames) {
+  for (const char* const side : {"left", "right", "top", "bottom"}) {
+    for (const char* const part : {"margin-", "padding-", "border-", "outline-"}) {
+      for (const char* const value : {"-2147483648,4098", "2147483647,4098", "100,256", "65535,4097", "x"}) {
+        const std::string name = std::string(" ") + part + side;
+        ReadXml(text_, "<text>" +
+                           RichTextNode(name + "='" + value + "'" + name + "-width='" + value + "'" + name +
+                                        "-style='1'" + " width='" + value + "' height='" + value + "' minwidth='" +
+                                        value + "' maxheight='" + value + "' float='1'") +
+                           "</text>");
+        Place(text_, {0, 0, 100, 50});
+        Painted();
+      }
+    }
+  }
+  Show({kSentence}, {0, 0, 150, 100});
+  EXPECT_GT(Painted().width, 50) << "text can still be drawn";
+}
+
 TEST_F(Text, WithoutContentHasNoAttachment) {
   wxXmlNode node(wxXML_ELEMENT_NODE, "text");
   const auto store = orlo::makeObject<CBase64Resources>();
