@@ -89,6 +89,9 @@ void PrepareAttribute(wxXmlAttribute& attribute) {
     attribute.SetValue(ClampedNumber(value, 1, 1000));
   else if (name == "tabs")
     attribute.SetValue(TabsOf(value));
+  else if (name.EndsWith("color"))
+    // The toolkit knows no other digits.
+    attribute.SetValue(value.Upper());
   else if (name == "fontface" && value.length() > kLongestName)
     attribute.SetValue(value.Left(kLongestName));
   else if (IsNumeric(value))

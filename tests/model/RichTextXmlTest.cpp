@@ -84,6 +84,15 @@ TEST_F(RichTextXml, ReadsWhatItWrites) {
   EXPECT_EQ(Saved(*again), xml);
 }
 
+TEST_F(RichTextXml, ReadsColoursInSmallLettersToo) {
+  const auto text =
+      LoadRuns("<text textcolor=\"#ff8a0c\" bgcolor=\"#Ab12eF\">a</text><text textcolor=\"#FF8A0C\">b</text>");
+  ASSERT_NE(text, nullptr);
+  EXPECT_EQ(StyleOf(*text, 0).GetTextColour(), wxColour(255, 138, 12));
+  EXPECT_EQ(StyleOf(*text, 0).GetBackgroundColour(), wxColour(0xAB, 0x12, 0xEF));
+  EXPECT_EQ(StyleOf(*text, 1).GetTextColour(), wxColour(255, 138, 12));
+}
+
 TEST_F(RichTextXml, RefusesMoreThanAPagesTextMayBe) {
   EXPECT_NE(LoadRuns("<text>" + std::string(100'000, 'x') + "</text>"), nullptr);
   EXPECT_EQ(LoadRuns("<text>" + std::string(100'001, 'x') + "</text>"), nullptr);
