@@ -1,8 +1,10 @@
+#include "graphics/paint/native/TextLayout.h"
 #include "tests/paint/Canvas.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace graphics::test {
 
@@ -74,6 +76,17 @@ TEST_F(ScalableText, HasNoExtentWithoutLetters) {
   EXPECT_EQ(canvas_.dc.GetTextExtent(""), wxSize(0, 0));
   canvas_.dc.DrawText("", 10, 10);
   EXPECT_EQ(canvas_.Ink().count, 0);
+}
+
+TEST_F(ScalableText, IsKeptForAWhileHoweverSmallItIs) {
+  SetScale(0.001);
+  const auto textOf = [](int number) { return wxString::Format("%0400d", number); };
+  canvas_.dc.DrawText(textOf(0), 0, 0);
+  const std::weak_ptr<const CTextLayout> first = CTextLayout::Of(FontOf(9), textOf(0));
+  canvas_.dc.DrawText(textOf(1), 0, 0);
+  EXPECT_FALSE(first.expired());
+  for (int number = 2; number < 2500; ++number) canvas_.dc.DrawText(textOf(number), 0, 0);
+  EXPECT_TRUE(first.expired());
 }
 
 }  // namespace graphics::test

@@ -15,6 +15,9 @@ namespace {
 
 /// Bytes of text that was drawn before, and of the largest one that is kept. A page's texts fit at every common size.
 constexpr std::size_t kMaskBudget = std::size_t{32} << 20;
+/// What keeping a text takes besides its pixels: its layout lives as long, and letters may be smaller than a pixel.
+constexpr std::size_t kBytesPerText = 1024;
+constexpr std::size_t kBytesPerLetter = 40;
 constexpr double kLargestMask = 1 << 20;
 constexpr double kPhases = 4;
 
@@ -94,6 +97,11 @@ CTextMask MakeMask(const CTextLayout& layout, const CDeviceBox& box, cairo_matri
   return mask;
 }
 
+std::size_t BytesOf(const CTextMask& mask) {
+  return static_cast<std::size_t>(cairo_image_surface_get_stride(mask.surface.get())) *
+         static_cast<std::size_t>(cairo_image_surface_get_height(mask.surface.get()));
+}
+
 /// Halves, and what is a half but for the last digits, go up on both sides of zero: a text looks alike wherever on a
 /// surface it lies.
 double ToWhole(double place) {
@@ -138,9 +146,7 @@ void DrawTextLayout(wxGraphicsContext& context, const std::shared_ptr<const CTex
       CTextMask made;
       if (!known) {
         made = MakeMask(*layout, CDeviceBox(layout->GetInk(), matrix), matrix);
-        const int bytes =
-            cairo_image_surface_get_stride(made.surface.get()) * cairo_image_surface_get_height(made.surface.get());
-        Masks().Put(key, made, static_cast<std::size_t>(bytes));
+        Masks().Put(key, made, BytesOf(made) + kBytesPerText + kBytesPerLetter * layout->CountLetters());
         known = &made;
       }
       cairo_mask_surface(native, known->surface.get(), pixelX + known->left, pixelY + known->top);

@@ -35,6 +35,7 @@ public:
   /// The width from the start of the text to the end of each of its characters. Characters that are drawn as one all
   /// end where the last of them does.
   wxArrayInt GetPartialExtents() const;
+  std::size_t CountLetters() const { return characters_; }
   /// The letters that no font has.
   int CountUnknownLetters() const { return pango_layout_get_unknown_glyphs_count(layout_.get()); }
   /// True if letters have colours of their own.
