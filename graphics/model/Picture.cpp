@@ -37,6 +37,8 @@ wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type, std
   if (!header || !IsWithin(*header, mostPixels)) return image;
   if (type != wxBITMAP_TYPE_ANY && type != header->type) return image;
   const wxLogNull quiet;
+  // The JPEG library would write of damage to the host's standard error.
+  image.SetLoadFlags(image.GetLoadFlags() & ~wxImage::Load_Verbose);
   try {
     wxMemoryInputStream stream(bytes.data(), bytes.size());
     if (!image.LoadFile(stream, header->type)) image.Destroy();

@@ -56,6 +56,14 @@ TEST_F(Picture, HasNoSizeWhereItsHeaderIsCutShort) {
   EXPECT_FALSE(FindPictureHeader(CBytes(100, 'x')).has_value());
 }
 
+TEST_F(Picture, ThatIsDamagedWritesNothingToStandardError) {
+  CBytes bytes = Save(wxImage(300, 20), wxBITMAP_TYPE_JPEG);
+  bytes.resize(bytes.size() - 20);
+  testing::internal::CaptureStderr();
+  LoadPicture(bytes, wxBITMAP_TYPE_JPEG);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(Picture, IsNotDecodedIfItClaimsMorePixelsThanAllowed) {
   EXPECT_FALSE(LoadPicture(PngOf(100'000, 100'000), wxBITMAP_TYPE_PNG).IsOk());
   EXPECT_FALSE(LoadPicture(PngOf(0xFFFFFFFF, 0xFFFFFFFF), wxBITMAP_TYPE_PNG).IsOk());
