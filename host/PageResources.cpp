@@ -5,6 +5,7 @@
 #include "host/Errors.h"
 #include "host/Interrupt.h"
 #include "host/PageFile.h"
+#include "host/RichTextLimits.h"
 #include "host/Spelling.h"
 #include "host/StillPicture.h"
 
@@ -135,7 +136,7 @@ private:
     if (nameOf(root) != "richtext") return "is no rich text: its root is " + tagOf(root) + ", not <richtext>";
     resource.paragraphs = countParagraphs(root);
     if (resource.paragraphs == 0) return "is a rich text without a <paragraph>";
-    return {};
+    return beyondLimits(root);
   }
 
   void readFile(const PictureFile& file) {

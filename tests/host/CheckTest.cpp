@@ -263,6 +263,29 @@ TEST(Check, TellsTextsThatAreNone) {
   EXPECT_EQ(warnings(text("<richtext><paragraphlayout><paragraph/></paragraphlayout></richtext>")), "");
 }
 
+TEST(Check, TellsTextsBeyondTheLimits) {
+  const auto holding = [](const std::string& paragraphs) {
+    return text("<richtext><paragraphlayout>" + paragraphs + "</paragraphlayout></richtext>");
+  };
+  const auto letters = [](int count) { return "<paragraph><text>" + repeat("ä", count) + "</text></paragraph>"; };
+  const auto nodes = [](int count) { return repeat("<paragraph/>", count - 1); };
+  const auto fonts = [](int count) {
+    std::string runs;
+    for (int i = 1; i < count; ++i) runs += "<text fontpointsize=\"" + std::to_string(i) + "\">a</text>";
+    return "<paragraph>" + runs + "</paragraph>";
+  };
+  const auto boxes = [](int count) {
+    return repeat("<paragraph><textbox>", count) + repeat("</textbox></paragraph>", count);
+  };
+  for (const std::string& most : {letters(100'000), nodes(10'000), fonts(100), boxes(4)})
+    EXPECT_EQ(warnings(holding(most)), "");
+  const std::string start = "page.xml:4: error: <attachment-richtextbuffer> of <text> is not shown: it has more than ";
+  EXPECT_EQ(errors(holding(letters(100'001))), start + "100000 letters\n");
+  EXPECT_EQ(errors(holding(nodes(10'001))), start + "10000 nodes\n");
+  EXPECT_EQ(errors(holding(fonts(101))), start + "100 fonts\n");
+  EXPECT_EQ(errors(holding(boxes(5))), start + "4 boxes in one another\n");
+}
+
 TEST(Check, TellsWhatTheModuleRefusesOnceOnly) {
   std::string nested = "<point/>";
   for (int i = 0; i < 10; ++i)
