@@ -16,8 +16,8 @@ constexpr std::size_t maxNodes = 10'000;
 constexpr std::size_t maxFonts = 100;
 constexpr std::size_t maxBoxes = 4;
 
-constexpr std::array<const char*, 6> fontProperties{"fontface", "fontpointsize", "fontpixelsize",
-                                                    "fontsize", "fontweight",    "fontstyle"};
+constexpr std::array fontProperties{"fontface", "fontpointsize", "fontpixelsize",
+                                    "fontsize", "fontweight",    "fontstyle"};
 using Font = std::array<std::string, fontProperties.size()>;
 
 bool isBox(const std::string& name) {

@@ -83,7 +83,7 @@ void PrepareAttribute(wxXmlAttribute& attribute) {
   const wxString& value = attribute.GetValue();
   if (name == "fontweight")
     attribute.SetValue(WeightOf(value));
-  else if (name == "fontpointsize" || name == "fontpixelsize" || name == "fontsize")
+  else if (name == "fontpointsize" || name == "fontsize")
     attribute.SetValue(ClampedNumber(value, 1, kLargestFont));
   else if (name == "linespacing")
     attribute.SetValue(ClampedNumber(value, 1, 1000));
@@ -96,6 +96,17 @@ void PrepareAttribute(wxXmlAttribute& attribute) {
     attribute.SetValue(value.Left(kLongestName));
   else if (IsNumeric(value))
     attribute.SetValue(ClampedNumber(value, -kLargestNumber, kLargestNumber));
+}
+
+/// The toolkit makes fonts of a size in pixels with the help of a display, and crashes without one.
+void PreparePixelSize(wxXmlNode& node) {
+  wxString pixels;
+  if (!node.GetAttribute("fontpixelsize", &pixels)) return;
+  for (const char* const name : {"fontpixelsize", "fontpointsize", "fontsize"})
+    while (node.DeleteAttribute(name)) continue;
+  const long size = NumberOf(ClampedNumber(pixels, 1, kLargestFont)).value_or(1);
+  // Three quarters of a point each, rounded.
+  node.AddAttribute("fontpointsize", wxString() << (size * 3 + 2) / 4);
 }
 
 std::vector<unsigned char> BytesOfHex(const wxString& text) {
@@ -115,13 +126,12 @@ std::vector<unsigned char> BytesOfHex(const wxString& text) {
 struct CInherited {
   CInherited() = default;
   CInherited(const CInherited& outer, const wxXmlNode& node) : font(outer.font), boxes(outer.boxes) {
-    constexpr std::array kAttributes{"fontface", "fontpointsize", "fontpixelsize",
-                                     "fontsize", "fontweight",    "fontstyle"};
+    constexpr std::array kAttributes{"fontface", "fontpointsize", "fontsize", "fontweight", "fontstyle"};
     for (std::size_t index = 0; index < font.size(); ++index) node.GetAttribute(kAttributes[index], &font[index]);
     boxes += IsBox(node.GetName());
   }
 
-  using CFont = std::array<wxString, 6>;
+  using CFont = std::array<wxString, 5>;
   CFont font;
   int boxes = 0;
 };
@@ -158,6 +168,7 @@ private:
   bool PrepareChild(wxXmlNode& node, const CInherited& outer) {
     if (node.GetType() != wxXML_ELEMENT_NODE) return true;
     if (node.GetName() == "text" || node.GetName() == "symbol") letters_ += node.GetNodeContent().length();
+    PreparePixelSize(node);
     for (wxXmlAttribute* at = node.GetAttributes(); at; at = at->GetNext()) PrepareAttribute(*at);
     const CInherited inner(outer, node);
     fonts_.insert(inner.font);

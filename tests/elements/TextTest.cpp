@@ -250,6 +250,9 @@ TEST_F(Text, HasTheDefaultStyleWhereItsFileNamesNone) {
 }
 
 TEST_F(Text, SurvivesWhateverItsFileNames) {
+  ReadXml(text_, "<text>" + RichTextNode(" fontpixelsize='20'") + "</text>");
+  Place(text_, {0, 0, 100, 50});
+  EXPECT_FALSE(Painted().IsEmpty());
   for (const char* const side : {"left", "right", "top", "bottom"}) {
     for (const char* const part : {"margin-", "padding-", "border-", "outline-"}) {
       for (const char* const value : {"-2147483648,4098", "2147483647,4098", "100,256", "65535,4097", "x"}) {

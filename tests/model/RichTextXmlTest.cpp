@@ -125,6 +125,18 @@ TEST_F(RichTextXml, PullsNumbersIntoTheirRange) {
   EXPECT_EQ(StyleOf(*text, 1).GetFontSize(), 1);
 }
 
+TEST_F(RichTextXml, ReadsSizesInPixelsAsPoints) {
+  const auto text = LoadRuns(
+      "<text fontpixelsize=\"16\">a</text><text fontpixelsize=\"-3\" fontpointsize=\"20\">b</text>"
+      "<text fontpixelsize=\"99999999999\">c</text><text fontpixelsize=\"x\">d</text>");
+  ASSERT_NE(text, nullptr);
+  const auto sizeOf = [&](std::size_t run) { return StyleOf(*text, run).GetFontSize(); };
+  EXPECT_EQ(sizeOf(0), 12);
+  EXPECT_EQ(sizeOf(1), 1);
+  EXPECT_EQ(sizeOf(2), 750);
+  for (const std::size_t run : {0U, 1U, 2U, 3U}) EXPECT_FALSE(StyleOf(*text, run).HasFontPixelSize());
+}
+
 TEST_F(RichTextXml, KeepsPicturesOfAnyUsualSize) {
   const auto text = LoadRuns("<image imagetype=\"15\"><data>" + HexOfPicture(20, 10) + "</data></image><text>a</text>");
   ASSERT_NE(text, nullptr);
