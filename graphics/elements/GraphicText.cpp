@@ -113,6 +113,7 @@ wxString CGraphicText::GetText() const {
 void CGraphicText::ClearContent() {
   if (!buffer_) return;
   buffer_.reset();
+  overflow_ = false;
   SetText({});
 }
 
@@ -134,6 +135,7 @@ void CGraphicText::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) cons
 void CGraphicText::ReadFromXml(const wxXmlNode& node, IResourceInputStore& store) {
   CGraphicElement::ReadFromXml(node, store);
   buffer_ = store.ReadRichText(node, kAttachment);
+  overflow_ = false;
   if (!buffer_) return;
   CSkinManager::GetInstance().GiveDefaultStyle(*buffer_);
   MarkDirty();

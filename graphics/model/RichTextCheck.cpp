@@ -78,6 +78,13 @@ wxString TabsOf(const wxString& value) {
   return tabs;
 }
 
+/// Values that may begin with a digit and are no numbers all the same.
+bool IsText(const wxString& name) {
+  constexpr std::array kTexts{"url",      "bullettext", "bulletname", "characterstyle", "parstyle", "liststyle",
+                              "boxstyle", "name",       "id"};
+  return std::any_of(kTexts.begin(), kTexts.end(), [&](const char* text) { return name == text; });
+}
+
 void PrepareAttribute(wxXmlAttribute& attribute) {
   const wxString& name = attribute.GetName();
   const wxString& value = attribute.GetValue();
@@ -92,9 +99,9 @@ void PrepareAttribute(wxXmlAttribute& attribute) {
   else if (name.EndsWith("color"))
     // The toolkit knows no other digits.
     attribute.SetValue(value.Upper());
-  else if (name == "fontface" && value.length() > kLongestName)
+  else if (name == "fontface" || name == "bulletfont")
     attribute.SetValue(value.Left(kLongestName));
-  else if (IsNumeric(value))
+  else if (IsNumeric(value) && !IsText(name))
     attribute.SetValue(ClampedNumber(value, -kLargestNumber, kLargestNumber));
 }
 

@@ -103,6 +103,14 @@ TEST_F(Text, IsCutAtItsFrameWithARedLineBelow) {
   EXPECT_EQ(page_.At(60, 32), kClear);
 }
 
+TEST_F(Text, IsNoLongerCutWhenItIsGone) {
+  Show({kSentence}, {20, 10, 100, 20});
+  Painted();
+  ASSERT_TRUE(text_.Overflows());
+  text_.ClearContent();
+  EXPECT_FALSE(text_.Overflows());
+}
+
 TEST_F(Text, TurnsBeforeItIsMirrored) {
   text_.SetRotation(90);
   Show({"MMM"}, {50, 10, 100, 100});

@@ -125,6 +125,18 @@ TEST_F(RichTextXml, PullsNumbersIntoTheirRange) {
   EXPECT_EQ(StyleOf(*text, 1).GetFontSize(), 1);
 }
 
+TEST_F(RichTextXml, LeavesTextsAloneThatBeginWithADigit) {
+  const auto text = Load(
+      "<paragraph bullettext=\"1)\" parstyle=\"99999999\"><text fontface=\"8-bit\" "
+      "url=\"70000\">a</text></paragraph>");
+  ASSERT_NE(text, nullptr);
+  const wxRichTextAttr& paragraph = text->GetParagraphAtLine(0)->GetAttributes();
+  EXPECT_EQ(paragraph.GetBulletText(), "1)");
+  EXPECT_EQ(paragraph.GetParagraphStyleName(), "99999999");
+  EXPECT_EQ(StyleOf(*text, 0).GetFontFaceName(), "8-bit");
+  EXPECT_EQ(StyleOf(*text, 0).GetURL(), "70000");
+}
+
 TEST_F(RichTextXml, ReadsSizesInPixelsAsPoints) {
   const auto text = LoadRuns(
       "<text fontpixelsize=\"16\">a</text><text fontpixelsize=\"-3\" fontpointsize=\"20\">b</text>"
