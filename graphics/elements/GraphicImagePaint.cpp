@@ -69,6 +69,7 @@ bool CGraphicImage::HasMargins() const {
 }
 
 void CGraphicImage::Paint(CPaintContext& context) {
+  if (!context.dc->GetGraphicsContext()) return;
   const CDoubleRect box = OutlineOf(*this, context).BoundingRect();
   if (bitmap_ && bitmap_->IsOk()) PaintPicture(context, box);
   if (context.ShowsFrames()) PaintFrames(context, box);

@@ -76,6 +76,22 @@ TEST_F(Image, OfABitmapThatIsNotOkPaintsNothing) {
   EXPECT_EQ(page_.Ink().count, 0);
 }
 
+TEST_F(Image, PaintsNothingWhereThereIsNoSurface) {
+  wxBitmap none;
+  CBitmapEffectDC dc(none);
+  CPaintContext context(&dc, 0);
+  context.matrix = CMatrix::Identity();
+  image_.SetBitmap(Quarters(10, 10));
+  for (const double margin : {0.0, 2.0}) {
+    image_.SetScaleMargins({.top = margin, .left = margin});
+    for (const double angle : {0.0, 30.0}) {
+      image_.SetRotation(angle);
+      for (context.viewMode = 0; context.viewMode < 3; ++context.viewMode) image_.Paint(context);
+    }
+  }
+  EXPECT_FALSE(dc.GetGraphicsContext());
+}
+
 TEST_F(Image, IsScaledToItsFrameWithHardEdges) {
   image_.SetBitmap(Quarters(10, 10));
   Paint();
