@@ -18,7 +18,34 @@ using test::Module;
 using test::page;
 using test::Pixels;
 
-// Shapes and text: what uses most of the toolkit.
+std::string place(int x, int y, int width, int height) {
+  return "<center x=\"" + std::to_string(x) + "\" y=\"" + std::to_string(y) + "\"/><size width=\"" +
+         std::to_string(width) + "\" height=\"" + std::to_string(height) + "\"/>";
+}
+
+// A BMP of 8 x 8 pixels, each of another colour.
+std::string picture() {
+  constexpr int edge = 8;
+  std::string bytes = "BM";
+  const auto number = [&](unsigned value, int count) {
+    for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i));
+  };
+  for (const unsigned value : {54U + 3 * edge * edge, 0U, 54U, 40U, 8U, 8U}) number(value, 4);
+  number(1, 2);
+  number(24, 2);
+  for (int i = 0; i < 6; ++i) number(0, 4);
+  for (unsigned i = 0; i < edge * edge; ++i) number(i << 18 | i << 9 | i, 3);
+  return "<attachment-bitmap extension=\"bmp\"><![CDATA[" + test::toBase64(bytes) + "]]></attachment-bitmap>";
+}
+
+std::string richText(const std::string& words) {
+  return "<attachment-richtextbuffer><![CDATA[" +
+         test::toBase64("<richtext version=\"1.0.0.0\"><paragraphlayout><paragraph><text fontface=\"DejaVu Sans\">" +
+                        words + "</text></paragraph></paragraphlayout></richtext>") +
+         "]]></attachment-richtextbuffer>";
+}
+
+// What uses most of the toolkit.
 const std::string drawing =
     "<circle><center x=\"80\" y=\"45\"/><size width=\"60\" height=\"60\"/><brush style=\"100\"><color red=\"200\" "
     "green=\"40\" blue=\"10\" alpha=\"180\"/></brush><pen style=\"100\" width=\"2\"><color red=\"255\" green=\"255\" "
@@ -30,7 +57,15 @@ const std::string drawing =
     "<mirror><center x=\"120\" y=\"70\"/><size width=\"40\" height=\"30\"/><graphic-document><rectangle><center "
     "x=\"120\" y=\"40\"/><size width=\"30\" height=\"30\"/><brush style=\"100\"><color red=\"9\" green=\"200\" "
     "blue=\"90\" alpha=\"255\"/></brush><pen style=\"106\" width=\"1\"><color/></pen></rectangle></graphic-document>"
-    "</mirror>";
+    "</mirror>"
+    "<image rotation=\"10\">" +
+    place(20, 20, 24, 24) + picture() + "</image><image coloured=\"false\">" + place(50, 20, 24, 24) + picture() +
+    "</image><shape shape=\"ellipse\" rotation=\"30\"><gradient ok=\"true\"><start red=\"255\" alpha=\"255\"/>"
+    "<end blue=\"255\" alpha=\"255\"/></gradient>" +
+    place(130, 20, 40, 20) + "</shape><text rotation=\"5\">" + place(80, 60, 60, 20) + richText("Main menu") +
+    "</text><text-circle>" + place(40, 60, 40, 40) + richText("Round and round") +
+    "</text-circle><table><rows><row height=\"8\"/></rows><cols><col width=\"30\"/></cols><cells><cell>" +
+    richText("Cell") + "</cell></cells>" + place(130, 45, 30, 10) + "</table>";
 
 Pixels draw(const Module& module) {
   Instance instance(module, page(drawing));
