@@ -1,21 +1,18 @@
-#include "foundation/StringLocalizer.h"
-#include "foundation/wxutil/WXString.h"
-#include "graphics/art/ArtNames.h"
-#include "graphics/art/CentredHint.h"
 #include "graphics/art/SkinManager.h"
 #include "graphics/elements/ElementBox.h"
 #include "graphics/elements/ElementTransform.h"
 #include "graphics/elements/FrameOutline.h"
 #include "graphics/elements/GraphicImage.h"
+#include "graphics/elements/PictureHint.h"
 #include "graphics/paint/EffectDC.h"
 #include "graphics/paint/ImagePainter.h"
 #include "graphics/paint/PixelRange.h"
+#include "graphics/paint/SharedEffectContext.h"
 #include "graphics/paint/native/BitmapPixels.h"
 #include "graphics/paint/native/ImageConversion.h"
 #include "graphics/paint/native/NativeState.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace graphics {
 
@@ -36,29 +33,6 @@ bool IsWorthACopy(wxSize size, const wxDC& dc) {
          AreaOf(size) <= kLargestCopyInSurfaces * AreaOf(dc.GetSize()) &&
          AreaOf(size) * kBytesPerPixel <= static_cast<std::int64_t>(kScaledCopyBudget);
 }
-
-/// The graphics context that a paint context brings along, or one on its device context.
-class CSharedEffectContext {
-public:
-  explicit CSharedEffectContext(CPaintContext& context) : shared_(context.effectContext) {
-    if (shared_) return;
-    smooth_.emplace(*context.dc);
-    own_ = smooth_->CreateEffectContext();
-  }
-  CSharedEffectContext(const CSharedEffectContext&) = delete;
-  CSharedEffectContext& operator=(const CSharedEffectContext&) = delete;
-  ~CSharedEffectContext() {
-    if (smooth_) smooth_->Flush();
-  }
-
-  TEffectGraphicsContext& operator*() const { return shared_ ? *shared_ : *own_; }
-  TEffectGraphicsContext* operator->() const { return &**this; }
-
-private:
-  TEffectGraphicsContext* shared_;
-  std::optional<CSmoothEffectDC> smooth_;
-  orlo::P<TEffectGraphicsContext> own_;
-};
 
 }  // namespace
 
@@ -125,22 +99,12 @@ void CGraphicImage::PaintWithoutCopy(CPaintContext& context, const CDoubleRect& 
 }
 
 void CGraphicImage::PaintFrames(CPaintContext& context, const CDoubleRect& box) const {
-  constexpr unsigned kNoFrame = 2;
-  constexpr unsigned kFrameIfEmpty = 4;
-  CSkinManager& art = CSkinManager::GetInstance();
-  wxDC& dc = *context.dc;
-  dc.SetBrush(*wxTRANSPARENT_BRUSH);
-  if (!HasFlag(kNoFrame)) {
-    if (!bitmap_) DrawFrameOutline(context, *this, art.GetFrameColour(0));
-  } else if (HasFlag(kFrameIfEmpty) && IsContentEmpty()) {
-    DrawFrameOutline(context, *this, art.GetFrameColour(1));
-  }
   if (!bitmap_) {
-    DrawCentredHint(dc, wxutil::toWxString(orlo::localize("graphics.Image.ClickMe", "Click me!")), box, false,
-                    art.GetArtBitmap(ArtName::kClickImage, true));
+    DrawPictureHint(context, *this);
   } else if (context.viewMode == 2 && HasMargins()) {
-    dc.SetPen(wxPen(art.GetFrameColour(0), 1, wxPENSTYLE_DOT));
-    dc.DrawRectangle(ToPixelRect(box.Deflated(scaleMargins_)));
+    context.dc->SetBrush(*wxTRANSPARENT_BRUSH);
+    context.dc->SetPen(wxPen(CSkinManager::GetInstance().GetFrameColour(0), 1, wxPENSTYLE_DOT));
+    context.dc->DrawRectangle(ToPixelRect(box.Deflated(scaleMargins_)));
   }
 }
 
