@@ -3,6 +3,7 @@
 #include "filter/DocumentLayer.h"
 #include "filter/ExclusiveLayer.h"
 #include "foundation/Cast.h"
+#include "graphics/animation/AnimationElement.h"
 #include "graphics/elements/GraphicMirror.h"
 #include "graphics/model/GraphicLayers.h"
 
@@ -13,17 +14,14 @@ namespace {
 std::int32_t kindOf(graphics::CGraphicElement& element) {
   // A mirror shows what lies under it, and that changes with the layers below.
   if (orlo::tryCast<graphics::CGraphicMirror>(&element)) return graphics::CGraphicLayer::kExclusive;
+  if (orlo::tryCast<graphics::animation::IAnimationElement>(&element)) return graphics::CGraphicLayer::kExclusive;
   return graphics::CGraphicLayer::kStatic;
-}
-
-orlo::P<CLayer> makeLayer(std::int32_t kind, const orlo::P<graphics::CGraphicDocument>& document) {
-  if (kind == graphics::CGraphicLayer::kStatic) return orlo::makeObject<CDocumentLayer>(document);
-  return orlo::makeObject<CExclusiveLayer>(document);
 }
 
 }  // namespace
 
-std::vector<orlo::P<CLayer>> BuildLayers(graphics::CGraphicDocument& page) {
+std::vector<orlo::P<CLayer>> BuildLayers(graphics::CGraphicDocument& page, std::int64_t frameRateNum,
+                                         std::int64_t frameRateDen) {
   graphics::CGraphicLayers sorted;
   for (std::size_t index = 0; index < page.GetCount(); ++index) {
     const orlo::P<graphics::CGraphicElement> element = page.GetElement(index);
@@ -36,7 +34,10 @@ std::vector<orlo::P<CLayer>> BuildLayers(graphics::CGraphicDocument& page) {
     const auto document = orlo::makeObject<graphics::CGraphicDocument>();
     document->AddLayer(*layer);
     document->SetContentBox(page.GetPageRect());
-    layers.push_back(makeLayer(layer->GetKind(), document));
+    if (layer->GetKind() == graphics::CGraphicLayer::kStatic)
+      layers.push_back(orlo::makeObject<CDocumentLayer>(document));
+    else
+      layers.push_back(orlo::makeObject<CExclusiveLayer>(document, frameRateNum, frameRateDen));
   }
   return layers;
 }

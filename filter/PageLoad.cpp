@@ -40,7 +40,7 @@ void LoadPage(CInfoStore& store) {
       graphics::CMatrix::Scale(store.pageBitmap->GetWidth() / page.width, store.pageBitmap->GetHeight() / page.height));
   if (!fits(page, *store.pageBitmap)) return;
 
-  store.layers = BuildLayers(*document);
+  store.layers = BuildLayers(*document, store.frameRateNum, store.frameRateDen);
   for (const auto& layer : store.layers) layer->Open(store.filterBaseDir, store.animationBaseDir, store.themeBaseDir);
 }
 

@@ -1,6 +1,8 @@
 #include "filter/StartUp.h"
 
+#include "graphics/animation/GraphicElementAnimationFactory.h"
 #include "graphics/elements/Elements.h"
+#include "graphics/model/ElementFactory.h"
 #include "graphics/paint/Toolkit.h"
 
 #include <wx/image.h>
@@ -14,6 +16,7 @@ struct CStartUp {
     graphics::StartToolkit();
     wxInitAllImageHandlers();
     graphics::RegisterElements();
+    graphics::RegisterFactory(orlo::makeObject<graphics::animation::CGraphicElementAnimationFactory>());
   }
 };
 
