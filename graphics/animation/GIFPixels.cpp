@@ -68,10 +68,13 @@ public:
 
   /// Learns what the code tells. False if it can't stand there.
   bool Accept(int code) {
-    const auto known = static_cast<int>(previous_ == kNoCode ? clear_ : next_);
-    const bool isNew = previous_ != kNoCode && code == known;
-    if (code > known || (code == known && !isNew)) return false;
-    if (previous_ != kNoCode && next_ < kCodes) Grow(isNew ? previous_ : code);
+    const auto next = static_cast<int>(next_);
+    if (previous_ == kNoCode) {
+      if (code >= static_cast<int>(clear_)) return false;
+    } else {
+      if (code > next) return false;
+      if (next_ < kCodes) Grow(code < next ? code : previous_);
+    }
     previous_ = code;
     return true;
   }

@@ -269,6 +269,18 @@ TEST_F(GIFAnimation, OfLongDataUsesTheWholeAlphabet) {
   ExpectLiteral(CGIFWriter(300, 200, kPalette).Image(image).End());
 }
 
+// The toolkit's decoder refuses such files.
+TEST_F(GIFAnimation, MayGoOnWithAFullAlphabet) {
+  CGIFWriter::CImage image{0, 0, 300, 200, {}, false, {}};
+  std::mt19937 random(7);
+  for (int pixel = 0; pixel < 300 * 200; ++pixel) image.pixels.push_back(static_cast<int>(random() % 4));
+  const CBytes clearing = CGIFWriter(300, 200, kPalette).Image(image).End();
+  image.clearsFullAlphabet = false;
+  const CBytes full = CGIFWriter(300, 200, kPalette).Image(image).End();
+  EXPECT_NE(full, clearing);
+  EXPECT_EQ(PicturesOf(*Load(full)), PicturesOf(*Load(clearing)));
+}
+
 TEST_F(GIFAnimation, MadeByAnotherProgramIsTheSameAsComposedFromNothing) {
   const CFile file({});
   const std::string path = std::string(file.Path().utf8_str());

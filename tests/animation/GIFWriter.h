@@ -20,6 +20,8 @@ public:
     std::vector<int> pixels;
     bool interlaced = false;
     std::vector<CColour> palette;
+    /// Otherwise the codes of a full alphabet are used to the end.
+    bool clearsFullAlphabet = true;
   };
 
   explicit CGIFWriter(int width, int height, const std::vector<CColour>& palette = {}, int background = 0,
@@ -47,7 +49,7 @@ public:
     for (const int word : {image.left, image.top, image.width, image.height}) Word(word);
     Byte(PaletteFlags(image.palette) | (image.interlaced ? 0x40 : 0));
     Palette(image.palette);
-    Compress(image.interlaced ? Interlaced(image) : image.pixels);
+    Compress(image.interlaced ? Interlaced(image) : image.pixels, image.clearsFullAlphabet);
     return *this;
   }
 
@@ -107,7 +109,7 @@ private:
     return rows;
   }
 
-  void Compress(const std::vector<int>& pixels) {
+  void Compress(const std::vector<int>& pixels, bool clears) {
     constexpr int kCodeSize = 8, kClear = 256, kEnd = 257, kFull = 4096;
     std::map<std::vector<int>, int> table;
     std::vector<unsigned char> packed;
@@ -130,14 +132,14 @@ private:
         continue;
       }
       put(codeOf(string));
-      table[longer] = next++;
+      if (next < kFull) table[longer] = next++;
       // The reader knows each string one code later.
-      if (next == kFull) {
+      if (next == kFull && clears) {
         put(kClear);
         table.clear();
         next = kEnd + 1;
         width = kCodeSize + 1;
-      } else if (next > 1 << width) {
+      } else if (next > 1 << width && width < 12) {
         ++width;
       }
       string = {pixel};
