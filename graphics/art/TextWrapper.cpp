@@ -28,7 +28,9 @@ void ForEachPiece(const wxString& text, Visit visit) {
 
 }  // namespace
 
-CTextWrapper::CTextWrapper(const wxFont& font) : bitmap_(MakeAlphaBitmap(kScratchEdge, kScratchEdge)), dc_(bitmap_) {
+CTextWrapper::CTextWrapper(const wxFont& font, bool scalable)
+    : bitmap_(MakeAlphaBitmap(kScratchEdge, kScratchEdge)), dc_(bitmap_) {
+  dc_.SetScalableText(scalable);
   dc_.SetFont(font);
 }
 

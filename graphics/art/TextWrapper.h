@@ -12,7 +12,8 @@ namespace graphics {
 /// Breaks plain text into lines of a width. Call it with the toolkit's lock held.
 class CTextWrapper : public orlo::CObject {
 public:
-  explicit CTextWrapper(const wxFont& font);
+  /// Scalable text is measured as TEffectGraphicsContext measures it.
+  explicit CTextWrapper(const wxFont& font, bool scalable = false);
 
   /// Line feeds are put in before what would reach beyond maxWidth pixels, those of the text stay. Text breaks after
   /// spaces and punctuation. A word that is wider on its own gets a line of its own and is left whole.

@@ -5,6 +5,7 @@
 #include "graphics/paint/MaskPictures.h"
 #include "graphics/paint/PixelRange.h"
 #include "graphics/paint/native/DrawingTarget.h"
+#include "graphics/paint/native/TextDrawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -38,10 +39,6 @@ struct CEdges {
 
   int left, top, width, height;
 };
-
-/// The font library applies a scale twice on its way to a letter and fails above 65535 pixels. A surface that drawing
-/// has failed on stays unusable for good, and so does the font.
-constexpr double kLargestLetter = 60000;
 
 /// Draws dashed outlines of things far larger than any picture with a solid pen.
 class CSolidIfLong {
@@ -176,13 +173,7 @@ void CEffectDCImpl::DrawBaseText(const wxString& text, wxCoord x, wxCoord y) {
 }
 
 bool CEffectDCImpl::CanDrawLetters() const {
-  if (!m_graphicContext || !m_font.IsOk()) return false;
-  double a = 0, b = 0, c = 0, d = 0;
-  m_graphicContext->GetTransform().Get(&a, &b, &c, &d);
-  const double larger = std::max(std::hypot(a, b), std::hypot(c, d));
-  const double smaller = std::abs(a * d - b * c) / larger;
-  const double letter = m_font.GetFractionalPointSize() * GetPPI().y / 72 * larger;
-  return letter * std::max({1.0, larger, 1 / smaller}) <= kLargestLetter;
+  return m_graphicContext && graphics::CanDrawLetters(*m_graphicContext, m_font);
 }
 
 void CEffectDCImpl::DrawHaloText(const wxString& text, wxCoord x, wxCoord y) {

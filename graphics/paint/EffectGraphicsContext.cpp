@@ -3,10 +3,12 @@
 #include "graphics/paint/MaskPictures.h"
 #include "graphics/paint/PixelRange.h"
 #include "graphics/paint/native/DrawingTarget.h"
+#include "graphics/paint/native/TextDrawing.h"
 
 #include <wx/brush.h>
 #include <wx/pen.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace graphics {
@@ -16,6 +18,11 @@ namespace {
 /// Page units are millimetres or pixels; no element that can be seen is scaled more.
 constexpr double kSmallestScale = 1.0e-4;
 constexpr double kLargestScale = 1.0e4;
+
+double ToNear(double coordinate) {
+  constexpr double kFarthest = kFarthestPixel;
+  return std::isnan(coordinate) ? 0 : std::clamp(coordinate, -kFarthest, kFarthest);
+}
 
 }  // namespace
 
@@ -83,11 +90,28 @@ void* TEffectGraphicsContext::GetNativeContext() const {
 }
 
 void TEffectGraphicsContext::Clip(double x, double y, double w, double h) {
-  context->Clip(x, y, w, h);
+  if (!(w > 0 && h > 0)) return context->Clip(0, 0, 0, 0);
+  const double left = ToNear(x), top = ToNear(y);
+  context->Clip(left, top, ToNear(x + w) - left, ToNear(y + h) - top);
 }
 
 void TEffectGraphicsContext::ResetClip() {
   context->ResetClip();
+}
+
+wxSize TEffectGraphicsContext::MeasureLine(const wxString& text, const wxFont& font) {
+  if (text.empty() || !font.IsOk()) return {0, 0};
+  const CTextExtent extent = CTextLayout::Of(font, text)->GetExtent();
+  return {extent.width, extent.GetHeight()};
+}
+
+void TEffectGraphicsContext::DrawLine(const wxString& text, const wxFont& font, const wxColour& colour, double x,
+                                      double y) {
+  if (text.empty() || !CanDrawLetters(*context, font)) return;
+  context->PushState();
+  context->Translate(ToNear(x), ToNear(y));
+  DrawTextLayout(*context, CTextLayout::Of(font, text.Left(kLongestDrawnText)), colour);
+  context->PopState();
 }
 
 }  // namespace graphics

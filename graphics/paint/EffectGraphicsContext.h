@@ -2,7 +2,9 @@
 
 #include "foundation/Object.h"
 
+#include <wx/colour.h>
 #include <wx/dc.h>
+#include <wx/font.h>
 #include <wx/graphics.h>
 
 namespace graphics {
@@ -27,8 +29,15 @@ public:
   virtual void SetTransform(const wxGraphicsMatrix& matrix);
   /// For graphics/paint/native alone.
   virtual void* GetNativeContext() const;
+  /// A place without an extent hides everything.
   virtual void Clip(double x, double y, double w, double h);
   virtual void ResetClip();
+
+  /// One line of text in pixels, alike at every scale. Nothing for a font that isn't ok.
+  static wxSize MeasureLine(const wxString& text, const wxFont& font);
+  /// One line of text with its top left corner at the place, as wide as it is measured at every scale, its edges
+  /// smoothed in grey. Draws nothing where letters come out larger than the font library can count.
+  void DrawLine(const wxString& text, const wxFont& font, const wxColour& colour, double x, double y);
 
   wxGraphicsContext* context;
   wxDC* dc;

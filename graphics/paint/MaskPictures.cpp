@@ -2,6 +2,7 @@
 
 #include "graphics/paint/native/BitmapPixels.h"
 #include "graphics/paint/native/DrawingTarget.h"
+#include "graphics/paint/native/ImageConversion.h"
 
 #include <wx/image.h>
 
@@ -78,6 +79,36 @@ wxBitmap BlackAndWhiteOf(const wxBitmap& bitmap) {
     }
   }
   return wxBitmap(result);
+}
+
+wxBitmap MaskAsAlphaOf(const wxBitmap& bitmap) {
+  const wxImage source = ImageOf(bitmap);
+  if (!source.IsOk()) return {};
+  wxImage image = source.Copy();
+  image.SetMask(false);
+  if (!image.HasAlpha()) image.SetAlpha();
+  for (int y = 0; y < image.GetHeight(); ++y)
+    for (int x = 0; x < image.GetWidth(); ++x)
+      image.SetAlpha(x, y, source.IsTransparent(x, y, kTransparencyThreshold) ? 0 : 255);
+  return BitmapOf(image);
+}
+
+void LimitAlpha(const wxBitmap& bitmap, const wxBitmap& mask) {
+  const CBitmapSurface target(bitmap);
+  const CBitmapSurface limits(mask);
+  for (int y = 0; y < target.Pixels().height; ++y) {
+    for (int x = 0; x < target.Pixels().width; ++x) {
+      const bool covered = x < limits.Pixels().width && y < limits.Pixels().height;
+      const int limit = covered ? PixelAt(limits.Pixels(), x, y).Alpha() : 0;
+      CPixel pixel = PixelAt(target.Pixels(), x, y);
+      const int alpha = pixel.Alpha();
+      if (alpha <= limit) continue;
+      for (int channel = 0; channel < 3; ++channel)
+        pixel.Set(channel, std::min(limit, (pixel.Colour(channel) * limit + alpha / 2) / alpha));
+      pixel.Set(3, limit);
+    }
+  }
+  target.MarkDirty();
 }
 
 wxBitmap MergeAlphaMask(const wxBitmap& colour, const wxBitmap& mask, int limit) {

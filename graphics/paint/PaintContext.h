@@ -21,6 +21,11 @@ struct CPaintContext {
     cacheKey = key;
   }
 
+  /// What a clone of this context has asked for while painters had it.
+  void TakeRepaintOf(const CPaintContext& clone) {
+    if (clone.nextRepaint != 0 && nextRepaint >= 0) nextRepaint = clone.nextRepaint;
+  }
+
   /// Pixels per page unit along both axes, for kinds that lay out in pixels.
   CDoubleSize GetDeviceScale() const;
   /// True for the views of an author, which show frames and hints that the final output doesn't have.

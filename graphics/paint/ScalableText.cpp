@@ -3,16 +3,7 @@
 #include "graphics/paint/native/DrawingTarget.h"
 #include "graphics/paint/native/TextDrawing.h"
 
-#include <cstddef>
-
 namespace graphics {
-
-namespace {
-
-/// Letters of a line; no picture shows as many.
-constexpr std::size_t kLongestDrawn = 10'000;
-
-}  // namespace
 
 void CEffectDCImpl::DoGetTextExtent(const wxString& text, wxCoord* width, wxCoord* height, wxCoord* descent,
                                     wxCoord* externalLeading, const wxFont* font) const {
@@ -44,7 +35,7 @@ wxCoord CEffectDCImpl::GetCharWidth() const {
 
 void CEffectDCImpl::DrawScalableText(const wxString& text, wxCoord x, wxCoord y, double angle) {
   if (text.empty()) return;
-  const auto layout = CTextLayout::Of(m_font, text.Left(kLongestDrawn));
+  const auto layout = CTextLayout::Of(m_font, text.Left(kLongestDrawnText));
   const CTextExtent extent = layout->GetExtent();
   m_graphicContext->PushState();
   m_graphicContext->Translate(x, y);

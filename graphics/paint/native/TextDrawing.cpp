@@ -113,7 +113,22 @@ double ToPhase(double place) {
   return ToWhole(place * kPhases) / kPhases;
 }
 
+/// The font library applies a scale twice on its way to a letter and fails above 65535 pixels. A surface that drawing
+/// has failed on stays unusable for good, and so does the font.
+constexpr double kLargestLetter = 60000;
+
 }  // namespace
+
+bool CanDrawLetters(const wxGraphicsContext& context, const wxFont& font) {
+  constexpr double kPixelsPerPoint = 96.0 / 72;
+  if (!font.IsOk()) return false;
+  double a = 0, b = 0, c = 0, d = 0;
+  context.GetTransform().Get(&a, &b, &c, &d);
+  const double larger = std::max(std::hypot(a, b), std::hypot(c, d));
+  const double smaller = std::abs(a * d - b * c) / larger;
+  const double letter = font.GetFractionalPointSize() * kPixelsPerPoint * larger;
+  return letter * std::max({1.0, larger, 1 / smaller}) <= kLargestLetter;
+}
 
 void DrawTextLayout(wxGraphicsContext& context, const std::shared_ptr<const CTextLayout>& layout,
                     const wxColour& colour) {
