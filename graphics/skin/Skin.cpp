@@ -1,11 +1,14 @@
 #include "graphics/skin/Skin.h"
 
+#include "foundation/Cast.h"
 #include "foundation/MersenneTwisterRandomNumberGenerator.h"
 #include "graphics/geometry/XmlNode.h"
 #include "graphics/geometry/XmlValues.h"
+#include "graphics/model/ResourceStore.h"
 #include "graphics/paint/EffectDC.h"
 #include "graphics/paint/native/BitmapPixels.h"
 #include "graphics/skin/ButtonSkin.h"
+#include "graphics/skin/LargestOf.h"
 #include "graphics/skin/ShapeSkin.h"
 
 #include <wx/dcclient.h>
@@ -18,18 +21,6 @@ namespace {
 
 std::int64_t DrawIdentity() {
   return static_cast<std::int64_t>(orlo::getRandomNumberGenerator()->getNext() * 2.3283064365386963e-10 * 9999999999.0);
-}
-
-/// The first size as it stands, raised on each axis by the others.
-template <class SizeOf>
-CDoubleSize LargestOf(const std::vector<orlo::P<CState>>& states, SizeOf sizeOf) {
-  if (states.empty()) return {};
-  CDoubleSize largest = sizeOf(*states.front());
-  for (std::size_t i = 1; i < states.size(); ++i) {
-    const CDoubleSize size = sizeOf(*states[i]);
-    largest = {std::max(largest.width, size.width), std::max(largest.height, size.height)};
-  }
-  return largest;
 }
 
 template <class Measure>
@@ -104,6 +95,18 @@ orlo::P<CSkin> CreateSkin(const wxString& typeName) {
   if (typeName == CButtonSkin::kTypeName) return orlo::makeObject<CButtonSkin>("");
   if (typeName == CShapeSkin::kTypeName) return orlo::makeObject<CShapeSkin>("");
   return nullptr;
+}
+
+void WriteSkin(wxXmlNode& node, const wxString& name, const CSkin& skin, IResourceOutputStore& store) {
+  store.WriteResource(xml::AppendChild(node, name), skin.GetSkinTypeName(), &skin);
+}
+
+bool ReadSkin(const wxXmlNode& node, const wxString& name, orlo::P<CSkin>& skin, IResourceInputStore& store) {
+  const wxXmlNode* const child = xml::FindChild(node, name);
+  if (!child) return false;
+  const wxString type = store.GetResourceType(*child);
+  skin = orlo::P<CSkin>(orlo::tryCast<CSkin>(store.ReadResource(*child, type, CreateSkin(type))));
+  return true;
 }
 
 }  // namespace graphics::skin

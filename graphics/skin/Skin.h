@@ -63,4 +63,9 @@ private:
 /// Null for any other word.
 orlo::P<CSkin> CreateSkin(const wxString& typeName);
 
+/// A skin as a child node of its owner: its data where the store meets it first, a reference everywhere else.
+void WriteSkin(wxXmlNode& node, const wxString& name, const CSkin& skin, IResourceOutputStore& store);
+/// False, and the skin stays, if there is no such child. Null for a child that is no skin.
+bool ReadSkin(const wxXmlNode& node, const wxString& name, orlo::P<CSkin>& skin, IResourceInputStore& store);
+
 }  // namespace graphics::skin

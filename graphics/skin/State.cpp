@@ -3,6 +3,7 @@
 #include "graphics/geometry/XmlNode.h"
 #include "graphics/geometry/XmlParse.h"
 #include "graphics/geometry/XmlValues.h"
+#include "graphics/skin/LargestOf.h"
 
 #include <span>
 #include <string>
@@ -21,23 +22,37 @@ bool CanNameElement(const wxString& name) {
 
 }  // namespace
 
-void CState::WriteToXml(wxXmlNode& node, IResourceOutputStore& /*store*/) const {
+void CState::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const {
   xml::WriteText(node, "name", name_);
-  xml::AppendChild(node, "layers");
+  xml::CChildAppender layers(xml::AppendChild(node, "layers"));
+  for (const auto& layer : layers_) layer->WriteToXml(layers.Append(layer->GetLayerTypeName()), store);
 }
 
-void CState::ReadFromXml(const wxXmlNode& node, IResourceInputStore& /*store*/) {
+void CState::ReadFromXml(const wxXmlNode& node, IResourceInputStore& store) {
   if (wxString name; xml::ReadText(node, "name", name) && CanNameElement(name)) name_ = name;
+  if (const wxXmlNode* const layers = xml::FindChild(node, "layers")) ReadLayers(*layers, store);
 }
 
-CDoubleSize CState::GetPreferredSize(TEffectGraphicsContext& /*context*/, ITextSource* /*texts*/,
-                                     IAnimationSource* /*animations*/) const {
-  return {};
+/// The toolkit gives its text nodes the name of a kind of layer, "text".
+void CState::ReadLayers(const wxXmlNode& node, IResourceInputStore& store) {
+  for (const wxXmlNode* child = node.GetChildren(); child && layers_.size() < kMostLayers; child = child->GetNext()) {
+    if (child->GetType() != wxXML_ELEMENT_NODE) continue;
+    const orlo::P<CLayer> layer = CreateLayer(child->GetName());
+    if (!layer) continue;
+    layer->ReadFromXml(*child, store);
+    AddLayer(layer);
+  }
 }
 
-CDoubleSize CState::GetPreferredSizeForWidth(TEffectGraphicsContext& /*context*/, ITextSource* /*texts*/,
-                                             IAnimationSource* /*animations*/, std::int32_t /*width*/) const {
-  return {};
+CDoubleSize CState::GetPreferredSize(TEffectGraphicsContext& context, ITextSource* texts,
+                                     IAnimationSource* animations) const {
+  return LargestOf(layers_, [&](const CLayer& layer) { return layer.GetPreferredSize(context, texts, animations); });
+}
+
+CDoubleSize CState::GetPreferredSizeForWidth(TEffectGraphicsContext& context, ITextSource* texts,
+                                             IAnimationSource* animations, std::int32_t width) const {
+  return LargestOf(
+      layers_, [&](const CLayer& layer) { return layer.GetPreferredSizeForWidth(context, texts, animations, width); });
 }
 
 }  // namespace graphics::skin

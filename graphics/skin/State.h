@@ -1,33 +1,29 @@
 #pragma once
 
 #include "foundation/Object.h"
+#include "foundation/Pointer.h"
 #include "graphics/geometry/DoubleSize.h"
+#include "graphics/skin/Layer.h"
 
 #include <wx/string.h>
 
+#include <cstddef>
 #include <cstdint>
-
-class wxXmlNode;
-
-namespace graphics {
-class IResourceInputStore;
-class IResourceOutputStore;
-class TEffectGraphicsContext;
-}  // namespace graphics
+#include <vector>
 
 namespace graphics::skin {
 
-class IAnimationSource;
-class ITextSource;
+/// Layers that a state reads from files; further ones are passed over.
+constexpr std::size_t kMostLayers = 1000;
 
-/// One of the looks of a skin, "normal" or "hover" for instance. No kind of layer is known yet: a state shows nothing
-/// and needs no room, and reading passes over the layers that a file has.
+/// One of the looks of a skin, "normal" or "hover" for instance: layers drawn one above the other.
 class CState : public orlo::CObject {
 public:
   explicit CState(const wxString& name) : name_(name) {}
 
   virtual void WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const;
-  /// A name that no XML element can have is passed over, since the state couldn't be written under it.
+  /// Layers that are there stay, and those of the node come behind them. A name that no XML element can have is passed
+  /// over, since the state couldn't be written under it.
   virtual void ReadFromXml(const wxXmlNode& node, IResourceInputStore& store);
   /// In pixels, the largest of its layers on each axis. Either source may be null.
   virtual CDoubleSize GetPreferredSize(TEffectGraphicsContext& context, ITextSource* texts,
@@ -37,8 +33,14 @@ public:
                                                IAnimationSource* animations, std::int32_t width) const;
 
   const wxString& GetName() const { return name_; }
+  /// The first is at the bottom.
+  const std::vector<orlo::P<CLayer>>& GetLayers() const { return layers_; }
+  void AddLayer(const orlo::P<CLayer>& layer) { layers_.push_back(layer); }
 
 private:
+  void ReadLayers(const wxXmlNode& node, IResourceInputStore& store);
+
+  std::vector<orlo::P<CLayer>> layers_;
   wxString name_;
 };
 
