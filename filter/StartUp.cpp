@@ -4,6 +4,7 @@
 #include "graphics/elements/Elements.h"
 #include "graphics/model/ElementFactory.h"
 #include "graphics/paint/Toolkit.h"
+#include "graphics/skin/GraphicElementSkinFactory.h"
 
 #include <wx/image.h>
 
@@ -17,6 +18,7 @@ struct CStartUp {
     wxInitAllImageHandlers();
     graphics::RegisterElements();
     graphics::RegisterFactory(orlo::makeObject<graphics::animation::CGraphicElementAnimationFactory>());
+    graphics::RegisterFactory(orlo::makeObject<graphics::skin::CGraphicElementSkinFactory>());
   }
 };
 

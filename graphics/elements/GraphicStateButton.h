@@ -8,6 +8,9 @@ namespace graphics {
 /// A button in its plain form, for pages without skins: a frame with a label, coloured by its state.
 class CGraphicStateButton : public CGraphicElement {
 public:
+  /// 60 by 20 page units.
+  CGraphicStateButton() { CGraphicElement::SetSize({60, 20}); }
+
   const wxString& GetLabel() const { return label_; }
   void SetLabel(const wxString& label) { label_ = label; }
   const wxString& GetHint() const { return hint_; }
