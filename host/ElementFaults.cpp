@@ -25,8 +25,8 @@ bool isTransparent(const xmlNode& node) {
 // What is wrong with its size, to stand behind its name.
 std::string sizeFault(const xmlNode& element, Needs needs) {
   const xmlNode* size = findChild(element, "size");
-  if (!size) return "has no size and shows nothing";
-  const double width = needs == Needs::size ? numberOf(*size, "width") : 1;
+  if (!size) return needs == Needs::ownSizeOrNone ? "" : "has no size and shows nothing";
+  const double width = needs == Needs::height ? 1 : numberOf(*size, "width");
   const double height = numberOf(*size, "height");
   if (width < 0 || height < 0) return "has a size below 0";
   if (width == 0 && height == 0) return "has the size 0 and shows nothing";

@@ -197,7 +197,7 @@ private:
   const ElementKind* kindOf(const xmlNode& node, const std::string& name, const std::string& typeName) {
     if (!findElementKind(name) && !isReservedKind(name)) return unknown(node, name);
     const std::string& wanted = typeName.empty() ? name : typeName;
-    const ElementKind* kind = findElementKind(wanted);
+    const ElementKind* kind = findElementKind(plainKindOf(wanted));
     if (!kind && !isReservedKind(wanted)) {
       doubt(node);
       return unknown(node, wanted);
@@ -206,7 +206,7 @@ private:
       refused(node, "element type " + inQuotes(wanted) + " cannot be shown");
       return nullptr;
     }
-    if (!sameName(wanted, name))
+    if (!sameName(kind->name, name))
       warning(node, tagOf(node) + " is read as a " + inQuotes(wanted) + ", as its type says");
     return kind;
   }

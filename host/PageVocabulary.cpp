@@ -35,6 +35,7 @@ constexpr std::array<std::string_view, 3> fontWeights = {"90", "91", "92"};
 constexpr std::array<std::string_view, 3> extensions = {"png", "jpg", "bmp"};
 constexpr std::array<std::string_view, 4> shapes = {"rectangle", "rounded-rectangle", "ellipse", "free-form"};
 constexpr std::array<std::string_view, 3> aligns = {"top", "center", "bottom"};
+constexpr std::array<std::string_view, 2> skinTypes = {"buttonskin", "shapeskin"};
 constexpr std::array<std::string_view, 3> dataTypes = {"string", "int", "rect"};
 
 constexpr ValueForm text{"text", ValueKind::text, 0, 0, {}, "", false};
@@ -54,6 +55,7 @@ constexpr ValueForm fontWeight = oneOf("font-weight", ValueKind::integer, fontWe
 constexpr ValueForm extension = oneOf("picture-extension", ValueKind::word, extensions, "the picture is not shown");
 constexpr ValueForm shapeWord = oneOf("shape-word", ValueKind::word, shapes, "the module refuses the page", true);
 constexpr ValueForm alignWord = oneOf("vertical-align", ValueKind::word, aligns, "the module refuses the page", true);
+constexpr ValueForm skinType = oneOf("skin-type", ValueKind::word, skinTypes, "there is no skin");
 constexpr ValueForm dataType = oneOf("data-type", ValueKind::word, dataTypes, "the entry is left out");
 constexpr ValueForm kindName{"kind", ValueKind::text, 0, 0, {}, "", false};
 
@@ -115,8 +117,42 @@ constexpr PropertyForm labelProperties[] = {{"text", &text}};
 constexpr ChildForm labelChildren[] = {{"font", &font}, {"color", &colourForm}};
 constexpr NodeForm label{&elementForm, labelProperties, labelChildren};
 
+constexpr PropertyForm layerProperties[] = {{"horzalign", &number}, {"vertalign", &number}};
+constexpr ChildForm layerChildren[] = {{"content-margins", &margins}};
+constexpr NodeForm layer{nullptr, layerProperties, layerChildren};
+constexpr NodeForm prop{nullptr, {}, {}, &picture};
+constexpr NodeForm props{nullptr, {}, {}, &prop};
+constexpr PropertyForm animationLayerProperties[] = {
+    {"scaling-enabled", &boolean}, {"scaling-proportional", &boolean}, {"uriprop", &text}};
+constexpr ChildForm animationLayerChildren[] = {
+    {"scale-margins", &margins}, {"attachment-bitmap", &picture}, {"props", &props}};
+constexpr NodeForm animationLayer{&layer, animationLayerProperties, animationLayerChildren};
+constexpr PropertyForm textLayerProperties[] = {
+    {"halo-enabled", &boolean}, {"multiline-enabled", &boolean}, {"prop", &text}};
+constexpr ChildForm textLayerChildren[] = {{"font", &font},
+                                           {"color", &colourForm},
+                                           {"shadow-color", &colourForm},
+                                           {"shadow-rel-position", &point},
+                                           {"halo-color", &colourForm}};
+constexpr NodeForm textLayer{&layer, textLayerProperties, textLayerChildren};
+constexpr PropertyForm customLayerProperties[] = {{"id", &text}};
+constexpr ChildForm customLayerChildren[] = {{"shape", &skinForm}};
+constexpr NodeForm customLayer{&layer, customLayerProperties, customLayerChildren};
+constexpr ChildForm layersChildren[] = {
+    {"animation", &animationLayer, true}, {"text", &textLayer, true}, {"custom", &customLayer, true}};
+constexpr NodeForm layers{nullptr, {}, layersChildren};
+constexpr PropertyForm stateProperties[] = {{"name", &text}};
+constexpr ChildForm stateChildren[] = {{"layers", &layers}};
+constexpr NodeForm state{nullptr, stateProperties, stateChildren};
+constexpr ChildForm statesChildren[] = {{"hover", &state},    {"hover_low", &state}, {"down", &state},
+                                        {"disabled", &state}, {"normal", &state},    {"selected", &state}};
+constexpr NodeForm states{nullptr, {}, statesChildren};
+constexpr PropertyForm skinProperties[] = {{"unique", &identity}, {"type", &skinType}, {"id", &text}};
+constexpr ChildForm skinChildren[] = {{"states", &states}};
+
 constexpr PropertyForm buttonProperties[] = {{"label", &text}, {"hint", &text}};
-constexpr NodeForm button{&elementForm, buttonProperties, {}};
+constexpr ChildForm buttonChildren[] = {{"skin", &skinForm}, {"attachment-bitmap", &picture}};
+constexpr NodeForm button{&elementForm, buttonProperties, buttonChildren};
 
 constexpr ChildForm mirrorChildren[] = {{"graphic-document", &documentForm}};
 constexpr NodeForm mirror{&elementForm, {}, mirrorChildren};
@@ -169,7 +205,7 @@ constexpr ElementKind kinds[] = {
     {"point", &elementForm, Needs::nothing}, {"circle", &figure, Needs::size},
     {"rectangle", &figure, Needs::size},     {"shape", &shape, Needs::size},
     {"arrow", &segment, Needs::nothing},     {"dimension", &segment, Needs::nothing},
-    {"dummy", &elementForm, Needs::nothing}, {"state-button", &button, Needs::size},
+    {"dummy", &elementForm, Needs::nothing}, {"state-button", &button, Needs::ownSizeOrNone},
     {"mirror", &mirror, Needs::size},        {"label", &label, Needs::nothing}};
 
 constexpr std::string_view reservedKinds[] = {"base",        "custom",          "animation",
@@ -188,12 +224,17 @@ const Form* find(std::span<const Form> forms, std::string_view name) {
 }  // namespace
 
 constexpr NodeForm colourForm{nullptr, colourProperties, {}};
+constexpr NodeForm skinForm{nullptr, skinProperties, skinChildren};
 constexpr NodeForm dataForm{nullptr, dataProperties, dataChildren};
 constexpr NodeForm documentForm{nullptr, documentProperties, documentChildren, nullptr, true};
 constexpr NodeForm elementForm{nullptr, elementProperties, elementChildren};
 
 std::span<const ElementKind> elementKinds() {
   return kinds;
+}
+
+std::string_view plainKindOf(std::string_view name) {
+  return name == "skin-button" ? "state-button" : name;
 }
 
 const ElementKind* findElementKind(std::string_view name) {

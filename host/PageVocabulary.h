@@ -50,7 +50,7 @@ struct NodeForm {
 };
 
 // What an element shows nothing without.
-enum class Needs { nothing, height, size };
+enum class Needs { nothing, height, size, ownSizeOrNone };
 
 struct ElementKind {
   std::string_view name;
@@ -61,12 +61,15 @@ struct ElementKind {
 extern const NodeForm documentForm;
 extern const NodeForm elementForm;
 extern const NodeForm colourForm;
+extern const NodeForm skinForm;
 extern const NodeForm dataForm;  // an entry of the extension data
 
 // The kinds that the module makes.
 std::span<const ElementKind> elementKinds();
 // Null for a name that is none of them.
 const ElementKind* findElementKind(std::string_view name);
+// The kind whose form a name has: the name itself, except for type names of kinds that extend another one.
+std::string_view plainKindOf(std::string_view name);
 // Kinds and type names that are known and that the module does not make.
 bool isReservedKind(std::string_view name);
 

@@ -133,7 +133,7 @@ TEST(PageVocabulary, HasTheWordsOfTheSchema) {
   std::set<const void*> done;
   int compared = 0;
   compareValues(host::documentForm, done, compared);
-  EXPECT_EQ(compared, 8);
+  EXPECT_EQ(compared, 9);
 }
 
 }  // namespace
