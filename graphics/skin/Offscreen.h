@@ -11,8 +11,8 @@
 
 namespace graphics::skin {
 
-/// Of a bitmap that a skin is drawn into before it goes to the page.
-constexpr std::int64_t kMostOffscreenPixels = std::int64_t{16} << 20;
+/// Of a bitmap that a skin is drawn into before it goes to the page. A page may have many such bitmaps to fill.
+constexpr std::int64_t kMostOffscreenPixels = std::int64_t{4} << 20;
 
 constexpr bool HasExtent(const wxSize& size) {
   return size.x >= 1 && size.y >= 1;

@@ -14,7 +14,7 @@
 namespace graphics::skin {
 
 /// Layers that a state reads from files; further ones are passed over.
-constexpr std::size_t kMostLayers = 1000;
+constexpr std::size_t kMostLayers = 100;
 
 /// One of the looks of a skin, "normal" or "hover" for instance: layers drawn one above the other.
 class CState : public orlo::CObject {

@@ -104,8 +104,9 @@ void CStatePainter::PaintLayer(CLayer& layer, CPaintContext& context, TEffectGra
     layer.Paint(context, target, rect, sources.texts, sources.animations, sources.painter);
 }
 
-/// The middle of the rectangle counts in pixels of the device, its size in millimetres. Text that is centred lies in the
-/// middle of the rectangle at every scale; what is aligned to an edge lies at the edge only at one pixel a millimetre.
+/// The middle of the rectangle counts in pixels of the device, its size in millimetres. Text that is centred lies in
+/// the middle of the rectangle at every scale; what is aligned to an edge lies at the edge only at one pixel a
+/// millimetre.
 void CStatePainter::PaintScaledLayer(CLayer& layer, CPaintContext& context, TEffectGraphicsContext& target,
                                      const CDoubleRect& rect, const CSources& sources) {
   const wxSize resolution = context.dc->GetPPI();

@@ -182,6 +182,17 @@ TEST(Check, TellsWhatIsIgnored) {
             "page.xml:5: warning: a second <size> in <rectangle> is ignored\n");
 }
 
+TEST(Check, KnowsButtonsWithSkins) {
+  const auto button = [](const std::string& layers) {
+    return "<state-button type-name=\"skin-button\"><skin type=\"buttonskin\"><states><normal "
+           "name=\"normal\"><layers>" +
+           layers + "</layers></normal></states></skin></state-button>";
+  };
+  EXPECT_EQ(warnings(button("<text halo-enabled=\"true\"/><animation/><custom id=\"clock\"/>")), "");
+  EXPECT_THAT(warnings(button("<image/>")), HasSubstr("unknown node <image> in <layers> is ignored"));
+  EXPECT_THAT(errors("<state-button><skin type=\"carpet\"/></state-button>"), HasSubstr("there is no skin"));
+}
+
 TEST(Check, TellsNumbersSharedByDifferentTypes) {
   EXPECT_EQ(
       errors(rectangle(" unique=\"5\" type=\"rectangle\"") + "\n<circle unique=\"5\" type=\"circle\"/>"),

@@ -183,20 +183,21 @@ TEST_F(StatePainter, DrawsOnThePageItselfWhatIsTooLargeForABitmap) {
 }
 
 TEST_F(StatePainter, DrawsPicturesAlikeWithAndWithoutABitmap) {
+  constexpr double kScale = 0.6, kLarger = 1.1;
   const auto picture = Picture(kBlue);
   picture->contentMargins = {10, 50, 0, 20};
   state_->AddLayer(picture);
   CLayerPage bitmap(120, 80), direct(120, 80);
-  bitmap.context.matrix = CMatrix::Scale(0.3, 0.3);
-  painter_->Paint(*state_, bitmap.context, *bitmap.target, {0, 0, 400, 280}, nullptr, nullptr, nullptr);
+  bitmap.context.matrix = CMatrix::Scale(kScale, kScale);
+  painter_->Paint(*state_, bitmap.context, *bitmap.target, {0, 0, 200, 130}, nullptr, nullptr, nullptr);
   ASSERT_TRUE(painter_->GetOffscreen());
-  direct.context.matrix = CMatrix::Scale(0.3, 0.3);
-  picture->contentMargins = {10 * 1.05, 50 * 1.05, 0, 20 * 1.05};
-  direct.context.matrix = CMatrix::Scale(0.3 / 1.05, 0.3 / 1.05);
-  painter_->Paint(*state_, direct.context, *direct.target, {0, 0, 420, 294}, nullptr, nullptr, nullptr);
+  picture->contentMargins = {10 * kLarger, 50 * kLarger, 0, 20 * kLarger};
+  direct.context.matrix = CMatrix::Scale(kScale / kLarger, kScale / kLarger);
+  painter_->Paint(*state_, direct.context, *direct.target, {0, 0, 200 * kLarger, 130 * kLarger}, nullptr, nullptr,
+                  nullptr);
   ASSERT_FALSE(painter_->GetOffscreen());
-  for (int y = 5; y < 65; y += 5)
-    for (int x = 10; x < 90; x += 5) EXPECT_EQ(bitmap.At(x, y), direct.At(x, y)) << x << ' ' << y;
+  for (int y = 3; y < 76; y += 3)
+    for (int x = 5; x < 119; x += 3) EXPECT_EQ(bitmap.At(x, y), direct.At(x, y)) << x << ' ' << y;
 }
 
 TEST_F(StatePainter, DrawsNoPicturesWithoutAPixelForThem) {
