@@ -26,9 +26,7 @@ void CTextLayer::Paint(CPaintContext& /*context*/, TEffectGraphicsContext& targe
                        ITextSource* texts, IAnimationSource* /*animations*/, ICustomLayerPainter* /*painter*/) {
   if (!texts) return;
   const CDoubleRect box = CalcContentRect(rect);
-  const wxString content = texts->GetText(prop);
-  const CLayerText text =
-      multilineEnabled ? CLayerText(font, content, TruncateToInt(box.width)) : CLayerText(font, content);
+  const CLayerText text = TextOf(*texts, TruncateToInt(box.width));
   const wxPoint place = AlignIn(box, {static_cast<double>(text.GetSize().x), static_cast<double>(text.GetSize().y)});
 
   target.PushState();
@@ -45,6 +43,11 @@ void CTextLayer::Paint(CPaintContext& /*context*/, TEffectGraphicsContext& targe
   target.PopState();
 }
 
+CLayerText CTextLayer::TextOf(ITextSource& texts, int width) const {
+  const wxString content = texts.GetText(prop);
+  return multilineEnabled ? CLayerText(font, content, width) : CLayerText(font, content);
+}
+
 CDoubleSize CTextLayer::WithMargins(wxSize text) const {
   return {std::floor(contentMargins.left + contentMargins.right + text.x + 0.5),
           std::floor(contentMargins.top + contentMargins.bottom + text.y + 0.5)};
@@ -58,9 +61,7 @@ CDoubleSize CTextLayer::GetPreferredSize(TEffectGraphicsContext& /*context*/, IT
 CDoubleSize CTextLayer::GetPreferredSizeForWidth(TEffectGraphicsContext& /*context*/, ITextSource* texts,
                                                  IAnimationSource* /*animations*/, std::int32_t width) const {
   if (!texts) return WithMargins({});
-  const wxString content = texts->GetText(prop);
-  const CLayerText text = multilineEnabled ? CLayerText(font, content, width) : CLayerText(font, content);
-  return WithMargins(text.GetSize());
+  return WithMargins(TextOf(*texts, width).GetSize());
 }
 
 void CTextLayer::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const {

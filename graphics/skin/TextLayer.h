@@ -9,6 +9,8 @@
 
 namespace graphics::skin {
 
+class CLayerText;
+
 /// A line or block of text of the text source, with a shadow or a halo if wanted.
 class CTextLayer : public CLayer {
 public:
@@ -41,6 +43,8 @@ public:
   wxString prop;
 
 private:
+  /// In lines of the width if it may have several.
+  CLayerText TextOf(ITextSource& texts, int width) const;
   CDoubleSize WithMargins(wxSize text) const;
 };
 
