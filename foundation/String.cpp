@@ -1,5 +1,6 @@
 #include "foundation/String.h"
 
+#include "foundation/Cast.h"
 #include "foundation/Singleton.h"
 #include "foundation/StringObject.h"
 #include "foundation/TextBuilder.h"
@@ -48,6 +49,12 @@ String converted(const String& text) {
 }
 
 }  // namespace
+
+int IString::compare(PC<IBase> other) const {
+  if (!other) return 1;
+  // The checked casts are made for objects that may change; a text does not.
+  return compare(*cast<IString>(const_cast<IBase*>(other.get())));
+}
 
 String::String() : text_(emptyString()) {}
 

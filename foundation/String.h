@@ -16,6 +16,7 @@ class IString : public virtual IComparable, public TTextOperations<IString> {
 public:
   using IComparable::compare;
   using TTextOperations<IString>::compare;
+  int compare(PC<IBase> other) const override;
 
   /// The view lives as long as this object.
   virtual CTextView view() const = 0;
@@ -25,6 +26,10 @@ public:
   virtual bool isTerminated() const = 0;
   /// This object if it is terminated, else a terminated copy.
   virtual P<IString> toTerminated() = 0;
+  /// Whose bytes these are: this text's own, or those of the parent of a slice.
+  virtual const IString& getRoot() const { return *this; }
+
+  const IString& getText() const { return *this; }
 };
 
 /// The handle that all code passes around. One pointer wide; a copy is a reference. Never refers to nothing.
@@ -52,6 +57,7 @@ public:
   ~String() = default;
 
   const P<IString>& getObject() const { return text_; }
+  const IString& getText() const { return *text_; }
   CTextView view() const { return text_->view(); }
   bool isNull() const { return text_->isNull(); }
   bool isTerminated() const { return text_->isTerminated(); }
@@ -88,6 +94,23 @@ String toLatin1(const String& text);
 String toUTF32(const String& text);
 String toWChar(const String& text);
 
+template <class Self>
+String TTextOperations<Self>::substring(CStringPos start, CStringPos end) const {
+  return text::substring(static_cast<const Self*>(this)->getText(), start, end);
+}
+template <class Self>
+String TTextOperations<Self>::substring(int index, int count) const {
+  return text::substring(static_cast<const Self*>(this)->getText(), index, count);
+}
+template <class Self>
+String TTextOperations<Self>::strip(const CTextView& set, bool left, bool right, bool ignoreCase) const {
+  return text::strip(static_cast<const Self*>(this)->getText(), set, left, right,
+                     ignoreCase ? text::Case::ignored : text::Case::sensitive);
+}
+template <class Self>
+String TTextOperations<Self>::strip(char32_t codePoint, bool left, bool right, bool ignoreCase) const {
+  return strip(CTextView(&codePoint, sizeof codePoint, 1, *getUTF32CharEncoding()), left, right, ignoreCase);
+}
 template <class Self>
 String TTextOperations<Self>::replace(const CTextView& from, const CTextView& to) const {
   return text::replace(view(), from, to, text::Case::sensitive);

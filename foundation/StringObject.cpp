@@ -1,7 +1,5 @@
 #include "foundation/StringObject.h"
 
-#include "foundation/Cast.h"
-
 #include <cstring>
 
 namespace orlo {
@@ -34,12 +32,6 @@ CString::CString(const void* text, int byteSize, Storage storage, bool terminate
 
 CString::~CString() {
   if (owned_) delete[] data_;
-}
-
-int CString::compare(PC<IBase> other) const {
-  if (!other) return 1;
-  // The checked casts are made for objects that may change; a text does not.
-  return compare(*cast<IString>(const_cast<IBase*>(other.get())));
 }
 
 CTextView CString::view() const {

@@ -22,7 +22,6 @@ public:
   CString& operator=(const CString&) = delete;
 
   using IString::compare;
-  int compare(PC<IBase> other) const override;
   CTextView view() const override;
   bool isNull() const override { return false; }
   bool isTerminated() const override { return terminated_; }

@@ -37,6 +37,13 @@ CStringPos findOf(const CTextView& text, const CTextView& set, Member member, Ca
 CStringPos findLastOf(const CTextView& text, const CTextView& set, Member member, Case mode, CStringPos start,
                       CStringPos end);
 
+std::int32_t hash(const CTextView& text);
+
+String substring(const IString& text, CStringPos start, CStringPos end);
+String substring(const IString& text, int index, int count);
+/// Without the characters of the set at the ends that are named.
+String strip(const IString& text, const CTextView& set, bool left, bool right, Case mode);
+
 String replace(const CTextView& text, const CTextView& from, const CTextView& to, Case mode);
 String toLower(const CTextView& text);
 String toUpper(const CTextView& text);

@@ -52,4 +52,12 @@ bool endsWith(const CTextView& text, const CTextView& end, Case mode) {
   return skipped >= 0 && compare(part(text, positionAt(text, skipped), CStringPos::end()), end, mode) == 0;
 }
 
+std::int32_t hash(const CTextView& text) {
+  CCodePointReader reader(text);
+  std::int32_t h = 0;
+  for (char32_t c; reader.read(c);)
+    h = ((h & 0x0FFFFFFF) << 3) ^ (((h >> 2) ^ static_cast<std::int32_t>(c)) & 0x7FFFFFFF);
+  return h;
+}
+
 }  // namespace orlo::text

@@ -110,6 +110,20 @@ public:
     return text::findLastOf(view(), set, text::Member::notIn, text::Case::ignored, start, end);
   }
 
+  /// Made of the code points, so texts that are equal have the same hash in every encoding.
+  std::int32_t getHash() const { return text::hash(view()); }
+
+  /// The part between two positions, without a copy: a slice, which keeps this text alive. Empty if the first is behind
+  /// the second.
+  String substring(CStringPos start, CStringPos end = CStringPos::end()) const;
+  /// The same by index. A count behind the end goes to the end; an index that does not exist or a negative count gives
+  /// an empty slice.
+  String substring(int index, int count) const;
+
+  /// A slice without the characters at the ends named that are in the set; the empty string if none is left.
+  String strip(const CTextView& set, bool left = true, bool right = true, bool ignoreCase = false) const;
+  String strip(char32_t codePoint, bool left = true, bool right = true, bool ignoreCase = false) const;
+
   /// A new text in this one's encoding, with every occurrence replaced from left to right. The empty text is not
   /// replaced.
   String replace(const CTextView& from, const CTextView& to) const;

@@ -25,9 +25,11 @@ CTextView part(const CTextView& text, CStringPos start, CStringPos end) {
   if (start == CStringPos{} && end.isEnd()) return text;
   const int from = start.isEnd() ? text.byteSize : std::clamp(start.byteOffset, 0, text.byteSize);
   const int to = end.isEnd() ? text.byteSize : std::clamp(end.byteOffset, from, text.byteSize);
-  const int endIndex = end.isEnd() ? text.length : end.index;
-  const int partLength = start.isEnd() ? 0 : endIndex < 0 ? -1 : std::max(endIndex - start.index, -1);
-  return {text.data + from, to - from, partLength, *text.encoding};
+  // A number of characters that the bytes cannot hold comes from positions of another text.
+  const std::int64_t endIndex = end.isEnd() ? text.length : end.index;
+  const std::int64_t count = endIndex < 0 ? -1 : endIndex - start.index;
+  const bool possible = count >= 0 && count <= to - from;
+  return {text.data + from, to - from, from == to ? 0 : possible ? static_cast<int>(count) : -1, *text.encoding};
 }
 
 CStringPos positionAt(const CTextView& text, int index) {
