@@ -3,6 +3,7 @@
 #include "foundation/Cast.h"
 #include "foundation/MersenneTwisterRandomNumberGenerator.h"
 #include "graphics/geometry/XmlNode.h"
+#include "graphics/geometry/XmlParse.h"
 #include "graphics/geometry/XmlValues.h"
 #include "graphics/model/ResourceStore.h"
 #include "graphics/paint/EffectDC.h"
@@ -14,6 +15,7 @@
 #include <wx/dcclient.h>
 
 #include <algorithm>
+#include <string>
 
 namespace graphics::skin {
 
@@ -38,6 +40,19 @@ CDoubleSize MeasureOn(wxWindow* window, Measure measure) {
   wxWindowDC target(window);
   TEffectDC<wxGCDC, wxWindowDC&> dc(target);
   return dc.GetGraphicsContext() ? measure(*dc.CreateEffectContext()) : MeasureOnBitmap(measure);
+}
+
+bool CanNameElement(const wxString& name) {
+  std::string text = "<";
+  text += name.utf8_string();
+  text += "/>";
+  const xml::CParsed parsed = xml::Parse({reinterpret_cast<const unsigned char*>(text.data()), text.size()}, {1, 1});
+  return parsed.document && parsed.document->GetRoot()->GetName() == name;
+}
+
+/// A file may have renamed the state to what no element can be called. Its name is kept inside the node.
+wxString NodeNameOf(const CState& state) {
+  return CanNameElement(state.GetName()) ? state.GetName() : wxString("state");
 }
 
 }  // namespace
@@ -73,7 +88,7 @@ void CSkin::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const {
   xml::WriteText(node, "id", id_);
   xml::WriteInt64(node, "unique", unique_);
   xml::CChildAppender states(xml::AppendChild(node, "states"));
-  for (const auto& state : states_) state->WriteToXml(states.Append(state->GetName()), store);
+  for (const auto& state : states_) state->WriteToXml(states.Append(NodeNameOf(*state)), store);
 }
 
 void CSkin::ReadFromXml(const wxXmlNode& node, IResourceInputStore& store) {

@@ -22,8 +22,8 @@ public:
   explicit CState(const wxString& name) : name_(name) {}
 
   virtual void WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const;
-  /// Layers that are there stay, and those of the node come behind them. A name that no XML element can have is passed
-  /// over, since the state couldn't be written under it.
+  /// The name of the node replaces the state's own. Layers that are there stay, and those of the node come behind
+  /// them.
   virtual void ReadFromXml(const wxXmlNode& node, IResourceInputStore& store);
   /// In pixels, the largest of its layers on each axis. Either source may be null.
   virtual CDoubleSize GetPreferredSize(TEffectGraphicsContext& context, ITextSource* texts,

@@ -1,5 +1,7 @@
 #include "foundation/Cast.h"
 #include "foundation/Error.h"
+#include "graphics/geometry/XmlNode.h"
+#include "graphics/geometry/XmlValues.h"
 #include "graphics/model/Base64Resources.h"
 #include "graphics/skin/ButtonSkin.h"
 #include "graphics/skin/ShapeSkin.h"
@@ -89,18 +91,30 @@ TEST_F(SkinXml, FindsStatesWithoutRegardToCase) {
   EXPECT_EQ(skin.GetStates()[0]->GetName(), "calm");
 }
 
-TEST_F(SkinXml, KeepsTheNameOfAStateThatNoElementCanHave) {
-  for (const char* const name :
-       {"", " ", "a b", "1st", "a/&gt;&lt;b", "a b=''", "a>", "&lt;", "x/", "--", "a&#10;", "q\xC3\x97"}) {
+TEST_F(SkinXml, WritesAStateUnderAPlainNodeIfNoElementCanHaveItsName) {
+  for (const char* const name : {"", " ", "a b", "1st", "a/><b", "a b=''", "a>", "<", "x/", "--", "q\xC3\x97"}) {
     CShapeSkin skin("");
-    Read(skin, wxString::FromUTF8("<skin><states><normal name=\"") + wxString::FromUTF8(name) + "\"/></states></skin>");
-    EXPECT_EQ(skin.GetStates()[0]->GetName(), "normal") << name;
+    wxXmlDocument page;
+    page.SetRoot(new wxXmlNode(wxXML_ELEMENT_NODE, "skin"));
+    xml::WriteText(xml::AppendChild(xml::AppendChild(*page.GetRoot(), "states"), "normal"), "name",
+                   wxString::FromUTF8(name));
+    skin.ReadFromXml(*page.GetRoot(), *store_);
+    EXPECT_EQ(skin.GetStates()[0]->GetName(), wxString::FromUTF8(name));
+    const auto written = ParseXml(Written(skin));
+    ASSERT_TRUE(written) << name;
+    const wxXmlNode* const state = xml::FindChild(*xml::FindChild(*written->GetRoot(), "states"), "state");
+    ASSERT_TRUE(state) << name;
+    EXPECT_EQ(state->GetAttribute("name", "none"), wxString::FromUTF8(name));
   }
+}
+
+TEST_F(SkinXml, WritesARenamedStateUnderItsName) {
   CShapeSkin skin("");
   Read(skin, wxString::FromUTF8("<skin><states><normal name=\"gedr\xC3\xBC"
                                 "ckt.2\"/></states></skin>"));
-  EXPECT_EQ(skin.GetStates()[0]->GetName(), wxString::FromUTF8("gedr\xC3\xBC"
-                                                               "ckt.2"));
+  EXPECT_NE(Written(skin).find(wxString::FromUTF8("<gedr\xC3\xBC"
+                                                  "ckt.2 name=")),
+            wxString::npos);
 }
 
 TEST_F(SkinXml, PassesOverLayersOfUnknownKinds) {
