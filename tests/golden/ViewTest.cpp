@@ -1,6 +1,8 @@
-// Pages as an authoring tool shows them: painted by the document itself, in each of the view modes.
+// Pages as an authoring tool shows them: painted by the document itself, in each of the view modes, and skins in each
+// of their states.
 
 #include "filter/StartUp.h"
+#include "foundation/Cast.h"
 #include "graphics/geometry/XmlParse.h"
 #include "graphics/model/Base64Resources.h"
 #include "graphics/model/GraphicDocument.h"
@@ -8,6 +10,7 @@
 #include "graphics/paint/PaintContext.h"
 #include "graphics/paint/Toolkit.h"
 #include "graphics/paint/native/BitmapPixels.h"
+#include "graphics/skin/GraphicSkinButton.h"
 #include "host/PageFile.h"
 #include "tests/golden/Comparison.h"
 #include "tests/golden/Golden.h"
@@ -39,11 +42,8 @@ PictureView viewOf(const graphics::CPixels& pixels) {
   return {pixels.data, pixels.stride, {pixels.width, pixels.height}};
 }
 
-Picture draw(const std::string& page, int viewMode) {
-  const graphics::CToolkitLock lock;
-  authfilter::StartUp();
-  const auto document = readDocument(page);
-  const graphics::CDoubleRect rect = document->GetPageRect();
+Picture draw(graphics::CGraphicDocument& document, int viewMode) {
+  const graphics::CDoubleRect rect = document.GetPageRect();
 
   wxBitmap bitmap = graphics::MakeAlphaBitmap(test::goldenSize.width, test::goldenSize.height);
   const graphics::CBitmapSurface surface(bitmap);
@@ -57,7 +57,7 @@ Picture draw(const std::string& page, int viewMode) {
   context.rect = context.clip = {0, 0, static_cast<double>(pixels.width), static_cast<double>(pixels.height)};
   context.matrix = graphics::CMatrix::Scale(pixels.width / rect.width, pixels.height / rect.height);
   context.viewMode = viewMode;
-  document->Paint(context);
+  document.Paint(context);
   dc.Flush();
   surface.Flush();
   return test::copyOf(viewOf(pixels));
@@ -69,7 +69,9 @@ class GoldenView : public testing::TestWithParam<PageAndMode> {};
 
 TEST_P(GoldenView, LooksAsItDid) {
   const auto& [page, mode] = GetParam();
-  const Picture output = draw(GOLDEN_VIEWS "/" + page + ".xml", mode);
+  const graphics::CToolkitLock lock;
+  authfilter::StartUp();
+  const Picture output = draw(*readDocument(GOLDEN_VIEWS "/" + page + ".xml"), mode);
   test::expectGolden("views/" + page + ".view" + std::to_string(mode), output.view());
 }
 
@@ -81,5 +83,21 @@ std::string nameOf(const testing::TestParamInfo<PageAndMode>& testCase) {
 INSTANTIATE_TEST_SUITE_P(View, GoldenView,
                          testing::Combine(testing::ValuesIn(test::pagesOf(GOLDEN_VIEWS)), testing::Values(1, 2, 5)),
                          nameOf);
+
+using GoldenState = testing::TestWithParam<std::string>;
+
+TEST_P(GoldenState, LooksAsItDid) {
+  const graphics::CToolkitLock lock;
+  authfilter::StartUp();
+  const auto document = readDocument(GOLDEN_STATES "/skin.xml");
+  for (std::size_t index = 0; index < document->GetCount(); ++index)
+    orlo::cast<graphics::skin::CGraphicSkinButton>(document->GetElement(index).get())->SetFixedState(GetParam());
+  test::expectGolden("states/skin." + GetParam(), draw(*document, 0).view());
+}
+
+// The last one is none that a skin has.
+INSTANTIATE_TEST_SUITE_P(View, GoldenState,
+                         testing::Values("normal", "hover", "hover_low", "down", "disabled", "selected", "sleeping"),
+                         [](const auto& testCase) { return testCase.param; });
 
 }  // namespace
