@@ -4,8 +4,6 @@
 #include "foundation/Cast.h"
 #include "foundation/Error.h"
 #include "graphics/geometry/XmlNode.h"
-#include "graphics/geometry/XmlParse.h"
-#include "graphics/model/Base64Resources.h"
 #include "graphics/paint/EffectDC.h"
 #include "graphics/paint/PaintContext.h"
 #include "graphics/paint/Toolkit.h"
@@ -15,17 +13,15 @@
 #include "graphics/skin/Skin.h"
 #include "graphics/skin/StatePainter.h"
 #include "graphics/skin/TextSource.h"
+#include "tests/fuzz/XmlRoundTrip.h"
 
 #include <cairo.h>
-#include <wx/filename.h>
 #include <wx/image.h>
-#include <wx/sstream.h>
 #include <wx/xml/xml.h>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,16 +29,6 @@ namespace {
 
 using namespace graphics;
 using CSkins = std::vector<orlo::P<skin::CSkin>>;
-
-/// Writes opaque pictures without loss as well.
-class CStore : public CBase64Resources {
-public:
-  void WriteBitmap(wxXmlNode& node, const wxString& name, const wxBitmap& bitmap, const wxFileName& file) override {
-    wxImage image = bitmap.ConvertToImage();
-    if (!image.HasAlpha()) image.InitAlpha();
-    CBase64Resources::WriteBitmap(node, name, wxBitmap(image), file);
-  }
-};
 
 class CLabel : public orlo::CObject, public virtual skin::ITextSource {
 public:
@@ -91,7 +77,7 @@ void paintStates(const CSkins& skins) {
 
 CSkins readSkins(const wxXmlNode& root) {
   CSkins skins;
-  const auto store = orlo::makeObject<CStore>();
+  const auto store = orlo::makeObject<fuzz::CLosslessStore>();
   for (const wxXmlNode* child = root.GetChildren(); child; child = child->GetNext()) {
     if (child->GetType() != wxXML_ELEMENT_NODE || child->GetName() != "skin") continue;
     const wxString type = store->GetResourceType(*child);
@@ -104,22 +90,14 @@ CSkins readSkins(const wxXmlNode& root) {
 std::string writeSkins(const CSkins& skins) {
   wxXmlDocument document;
   document.SetRoot(new wxXmlNode(wxXML_ELEMENT_NODE, "page"));
-  const auto store = orlo::makeObject<CStore>();
+  const auto store = orlo::makeObject<fuzz::CLosslessStore>();
   xml::CChildAppender children(*document.GetRoot());
   for (const auto& skin : skins) store->WriteResource(children.Append("skin"), skin->GetSkinTypeName(), skin.get());
-  wxStringOutputStream stream;
-  document.Save(stream, wxXML_NO_INDENTATION);
-  return stream.GetString().utf8_string();
-}
-
-std::unique_ptr<wxXmlDocument> parse(const std::uint8_t* data, std::size_t size) {
-  return xml::Parse({data, size}, {256, 100'000}).document;
+  return fuzz::textOf(document);
 }
 
 CSkins readText(const std::string& text) {
-  const auto document = parse(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-  if (!document) __builtin_trap();
-  return readSkins(*document->GetRoot());
+  return readSkins(*fuzz::parseWritten(text)->GetRoot());
 }
 
 bool hasItsStates(const skin::CSkin& skin);
@@ -151,7 +129,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const CToolkitLock lock;
   static const bool started = (wxInitAllImageHandlers(), true);
   static_cast<void>(started);
-  const auto document = parse(data, size);
+  const auto document = fuzz::parse(data, size);
   if (!document) return 0;
   try {
     const CSkins skins = readSkins(*document->GetRoot());
