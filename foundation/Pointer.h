@@ -97,12 +97,16 @@ public:
   PFrail() = default;
   PFrail(T* object, bool strong) : object_(object), strong_(strong) { acquire(); }
   PFrail(const PFrail& other) : PFrail(other.object_, other.strong_) {}
+  PFrail(PFrail&& other) noexcept
+      : object_(std::exchange(other.object_, nullptr)), strong_(std::exchange(other.strong_, true)) {}
   ~PFrail() { drop(); }
 
   PFrail& operator=(const PFrail& other) {
-    PFrail copy(other);
-    std::swap(object_, copy.object_);
-    std::swap(strong_, copy.strong_);
+    PFrail(other).swap(*this);
+    return *this;
+  }
+  PFrail& operator=(PFrail&& other) noexcept {
+    PFrail(std::move(other)).swap(*this);
     return *this;
   }
 
@@ -116,6 +120,11 @@ public:
   T* operator->() const noexcept { return object_; }
   T& operator*() const noexcept { return *object_; }
   explicit operator bool() const noexcept { return object_ != nullptr; }
+
+  void swap(PFrail& other) noexcept {
+    std::swap(object_, other.object_);
+    std::swap(strong_, other.strong_);
+  }
 
 private:
   void acquire() const {
