@@ -16,7 +16,7 @@ struct CThreadLocalStorageManager::CThreadRecord {
 
 CThreadLocalStorageManager::CThreadLocalStorageManager()
     : mutex_(getMutexFactory()->createMutex()),
-      ownRecord_(getSimpleThreadLocalStorageFactory()->createSimpleThreadLocalStorage(&endThread)) {}
+      ownRecord_(getSimpleThreadLocalStorageFactory()->createSimpleThreadLocalStorage(&endRecord)) {}
 
 CThreadLocalStorageManager::~CThreadLocalStorageManager() {
   ownRecord_ = nullptr;
@@ -78,7 +78,14 @@ CThreadLocalStorageManager::CThreadRecord& CThreadLocalStorageManager::ownRecord
   return *record.release();
 }
 
-void CThreadLocalStorageManager::endThread(void* record) {
+void CThreadLocalStorageManager::endThread() {
+  void* record = ownRecord_->get();
+  if (!record) return;
+  ownRecord_->set(nullptr);
+  endRecord(record);
+}
+
+void CThreadLocalStorageManager::endRecord(void* record) {
   auto* own = static_cast<CThreadRecord*>(record);
   own->manager->unlink(own);
   delete own;

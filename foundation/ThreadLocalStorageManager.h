@@ -27,11 +27,14 @@ public:
   P<IBase> get(std::size_t slot) const;
   void set(std::size_t slot, const P<IBase>& object);
 
+  /// Releases what the calling thread keeps in any slot. Threads that end do so without being asked.
+  void endThread();
+
 private:
   struct CThreadRecord;
 
   CThreadRecord& ownRecord();
-  static void endThread(void* record);
+  static void endRecord(void* record);
   void unlink(CThreadRecord* record);
 
   P<IMutex> mutex_;

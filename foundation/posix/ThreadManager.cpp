@@ -1,6 +1,7 @@
 #include "foundation/posix/ThreadManager.h"
 
 #include "foundation/Singleton.h"
+#include "foundation/posix/ThreadImpl.h"
 
 #include <chrono>
 #include <thread>
@@ -9,6 +10,10 @@
 namespace orlo {
 
 namespace posix {
+
+P<IThread> CThreadManager::createThread(P<IAction> action) {
+  return makeObject<CThreadImpl>(std::move(action));
+}
 
 void CThreadManager::yield(bool sleepAtLeastOneMs) {
   if (sleepAtLeastOneMs) {

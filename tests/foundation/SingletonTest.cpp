@@ -54,6 +54,7 @@ public:
   }
   ~CWaitingWatch() override { getThreadManager() = original_; }
 
+  P<IThread> createThread(P<IAction> action) override { return original_->createThread(std::move(action)); }
   void yield(bool sleepAtLeastOneMs) override {
     if (sleepAtLeastOneMs && ++sleeps == 3) atThird_();
     original_->yield(sleepAtLeastOneMs);
