@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// A measurement divided by its peer of the same run, and what it should stay below.
+/// A measurement divided by its peer of the same run, and what it should stay below; a goal of 0 states what it is.
 struct CRatio {
   std::string measured;
   std::string peer;
@@ -53,8 +53,9 @@ inline int RunWithRatios(int argc, char** argv, const std::vector<CRatio>& ratio
     const double measured = reporter.Median(ratio.measured);
     const double peer = reporter.Median(ratio.peer);
     if (measured == 0 || peer == 0) continue;
-    std::printf("%-32s / %-28s = %7.3f   (goal: at most %g)\n", ratio.measured.c_str(), ratio.peer.c_str(),
-                measured / peer, ratio.goal);
+    std::printf("%-32s / %-28s = %7.3f", ratio.measured.c_str(), ratio.peer.c_str(), measured / peer);
+    if (ratio.goal > 0) std::printf("   (goal: at most %g)", ratio.goal);
+    std::printf("\n");
   }
   return 0;
 }

@@ -1,6 +1,4 @@
-#include "foundation/CodePointReader.h"
-#include "foundation/TextAlgorithms.h"
-#include "foundation/Unicode.h"
+#include "foundation/TextReaders.h"
 
 #include <cstring>
 
@@ -13,27 +11,29 @@ bool sameBytes(const CTextView& left, const CTextView& right) {
          (left.byteSize == 0 || std::memcmp(left.data, right.data, static_cast<std::size_t>(left.byteSize)) == 0);
 }
 
+int compareBytes(std::string_view left, std::string_view right, int maxCount, bool prefixOnly) {
+  const std::size_t most = maxCount < 0 ? std::string_view::npos : static_cast<std::size_t>(maxCount);
+  left = left.substr(0, most);
+  const int order = left.compare(right.substr(0, prefixOnly ? left.size() : most));
+  return (order > 0) - (order < 0);
+}
+
 }  // namespace
 
 int compare(const CTextView& left, const CTextView& right, Case mode, int maxCount, bool prefixOnly) {
-  if (sameBytes(left, right)) return 0;
-  CCodePointReader leftReader(left);
-  CCodePointReader rightReader(right);
-  for (int count = 0; maxCount < 0 || count < maxCount; ++count) {
-    char32_t a;
-    char32_t b;
-    const bool leftGoesOn = leftReader.read(a);
-    if (!leftGoesOn && prefixOnly) return 0;
-    const bool rightGoesOn = rightReader.read(b);
-    if (!leftGoesOn || !rightGoesOn) return leftGoesOn - rightGoesOn;
-    if (a == b) continue;
-    if (mode == Case::ignored) {
-      a = unicode::toLower(a);
-      b = unicode::toLower(b);
-    }
-    if (a != b) return a < b ? -1 : 1;
+  if (mode == Case::sensitive) {
+    const auto leftBytes = asBytes(left);
+    const auto rightBytes = leftBytes ? asBytes(right) : std::nullopt;
+    if (rightBytes) return compareBytes(*leftBytes, *rightBytes, maxCount, prefixOnly);
   }
-  return 0;
+  if (sameBytes(left, right)) return 0;
+  return withReaderOf(left, [&](auto leftReader) {
+    return withReaderOf(right, [&](auto rightReader) {
+      auto from = leftReader();
+      auto with = rightReader();
+      return compareFrom(from, with, mode, maxCount, prefixOnly);
+    });
+  });
 }
 
 bool equals(const CTextView& left, const CTextView& right, Case mode) {
@@ -53,11 +53,13 @@ bool endsWith(const CTextView& text, const CTextView& end, Case mode) {
 }
 
 std::int32_t hash(const CTextView& text) {
-  CCodePointReader reader(text);
-  std::int32_t h = 0;
-  for (char32_t c; reader.read(c);)
-    h = ((h & 0x0FFFFFFF) << 3) ^ (((h >> 2) ^ static_cast<std::int32_t>(c)) & 0x7FFFFFFF);
-  return h;
+  return withReaderOf(text, [](auto readerOf) {
+    auto reader = readerOf();
+    std::int32_t h = 0;
+    for (char32_t c; reader.read(c);)
+      h = ((h & 0x0FFFFFFF) << 3) ^ (((h >> 2) ^ static_cast<std::int32_t>(c)) & 0x7FFFFFFF);
+    return h;
+  });
 }
 
 }  // namespace orlo::text

@@ -1,6 +1,6 @@
-#include "foundation/CodePointReader.h"
-#include "foundation/TextAlgorithms.h"
-#include "foundation/Unicode.h"
+#include "foundation/TextReaders.h"
+
+#include <bitset>
 
 namespace orlo::text {
 
@@ -8,44 +8,94 @@ namespace {
 
 using Direction = CCodePointReader::Direction;
 
-bool same(char32_t a, char32_t b, Case mode) {
-  return a == b || (mode == Case::ignored && unicode::toLower(a) == unicode::toLower(b));
+/// The characters of a set, ready to be asked often.
+class CMembers {
+public:
+  CMembers(const CTextView& set, Case mode) : set_(set), mode_(mode), others_(set) {
+    for (char32_t member; others_.read(member);) {
+      member = key(member, mode);
+      if (member < low_.size())
+        low_.set(member);
+      else
+        hasOthers_ = true;
+    }
+  }
+
+  bool contain(char32_t codePoint) {
+    codePoint = key(codePoint, mode_);
+    if (codePoint < low_.size()) return low_[codePoint];
+    if (!hasOthers_) return false;
+    others_.seek({});
+    for (char32_t member; others_.read(member);)
+      if (key(member, mode_) == codePoint) return true;
+    return false;
+  }
+
+private:
+  CTextView set_;
+  Case mode_;
+  CCodePointReader others_;
+  std::bitset<256> low_;
+  bool hasOthers_ = false;
+};
+
+/// A place in a part of the text as a place in the text.
+CStringPos inWhole(const CTextView& text, CStringPos start, const CTextView& range, CStringPos at) {
+  const int offset = range.encoding->findValid(range.data, range.byteSize, at.byteOffset);
+  return {start.index + at.index, static_cast<int>(range.data - text.data) + offset};
 }
 
-/// The first character on the way through the part for which accept(codePoint, rest) is true. rest() is the text from
-/// that character to the end of the part.
-template <class Accept>
-CStringPos search(const CTextView& text, CStringPos start, CStringPos end, Direction direction, Accept accept) {
-  const CTextView range = part(text, start, end);
-  CCodePointReader reader(range, direction == Direction::forwards ? CStringPos{} : CStringPos::end(), direction);
-  for (char32_t codePoint; reader.read(codePoint);) {
-    const auto rest = [&] { return part(range, reader.lastPosition(), CStringPos::end()); };
-    if (!accept(codePoint, rest)) continue;
-    const CStringPos at = reader.lastPosition();
-    const int offset = range.encoding->findValid(range.data, range.byteSize, at.byteOffset);
-    return {start.index + at.index, static_cast<int>(range.data - text.data) + offset};
-  }
+/// The first character on the way for which accept(codePoint, position) is true.
+template <class ReaderOf, class Accept>
+CStringPos search(ReaderOf readerOf, Direction direction, Accept accept) {
+  auto reader = readerOf(direction == Direction::forwards ? CStringPos{} : CStringPos::end(), direction);
+  for (char32_t codePoint; reader.read(codePoint);)
+    if (accept(codePoint, reader)) return reader.lastPosition();
   return CStringPos::end();
+}
+
+CStringPos searchWalking(const CTextView& range, const CTextView& what, Case mode, Direction direction) {
+  return withReaderOf(range, [&](auto readerOf) {
+    return withReaderOf(what, [&](auto whatReaderOf) {
+      auto wanted = whatReaderOf();
+      char32_t first;
+      if (!wanted.read(first)) return search(readerOf, direction, [](char32_t, auto&) { return true; });
+      first = key(first, mode);
+      auto candidate = readerOf();
+      return search(readerOf, direction, [&](char32_t codePoint, auto& reader) {
+        if (key(codePoint, mode) != first) return false;
+        candidate.seek(reader.lastPosition());
+        wanted.seek({});
+        return compareFrom(wanted, candidate, mode, -1, true) == 0;
+      });
+    });
+  });
 }
 
 CStringPos searchText(const CTextView& text, const CTextView& what, Case mode, CStringPos start, CStringPos end,
                       Direction direction) {
-  CStringPos second;
-  const std::optional<char32_t> first = next(what, second);
-  return search(text, start, end, direction, [&](char32_t codePoint, auto rest) {
-    return !first || (same(codePoint, *first, mode) && startsWith(rest(), what, mode));
-  });
+  const CTextView range = part(text, start, end);
+  const auto bytes = mode == Case::sensitive ? asBytes(range) : std::nullopt;
+  const auto wanted = bytes ? asBytes(what) : std::nullopt;
+  CStringPos at = CStringPos::end();
+  if (wanted && !wanted->empty()) {
+    const std::size_t offset = direction == Direction::forwards ? bytes->find(*wanted) : bytes->rfind(*wanted);
+    if (offset != std::string_view::npos) at = {static_cast<int>(offset), static_cast<int>(offset)};
+  } else {
+    at = searchWalking(range, what, mode, direction);
+  }
+  return at.isEnd() ? at : inWhole(text, start, range, at);
 }
 
 CStringPos searchMember(const CTextView& text, const CTextView& set, Member member, Case mode, CStringPos start,
                         CStringPos end, Direction direction) {
-  CCodePointReader members(set);
-  return search(text, start, end, direction, [&](char32_t codePoint, auto) {
-    members.seek({});
-    bool found = false;
-    for (char32_t candidate; !found && members.read(candidate);) found = same(codePoint, candidate, mode);
-    return found == (member == Member::in);
+  const CTextView range = part(text, start, end);
+  CMembers members(set, mode);
+  const CStringPos at = withReaderOf(range, [&](auto readerOf) {
+    return search(readerOf, direction,
+                  [&](char32_t codePoint, auto&) { return members.contain(codePoint) == (member == Member::in); });
   });
+  return at.isEnd() ? at : inWhole(text, start, range, at);
 }
 
 }  // namespace

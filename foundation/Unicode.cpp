@@ -15,7 +15,7 @@ char32_t mapped(char32_t codePoint, const std::uint8_t* pages) {
 
 }  // namespace
 
-char32_t toLower(char32_t codePoint) {
+char32_t detail::toLower(char32_t codePoint) {
   return mapped(codePoint, kLowerPages);
 }
 

@@ -39,8 +39,15 @@ enum class Category : std::uint8_t {
   Cn
 };
 
-/// Simple mappings: one code point to one. What has no mapping maps to itself.
+namespace detail {
 char32_t toLower(char32_t codePoint);
+}
+
+/// Simple mappings: one code point to one. What has no mapping maps to itself.
+inline char32_t toLower(char32_t codePoint) {
+  if (codePoint >= 0x80) return detail::toLower(codePoint);
+  return codePoint >= U'A' && codePoint <= U'Z' ? codePoint + (U'a' - U'A') : codePoint;
+}
 char32_t toUpper(char32_t codePoint);
 char32_t toTitle(char32_t codePoint);
 
