@@ -4,6 +4,11 @@ namespace orlo {
 
 CFrailArrayTemplateBase::CFrailArrayTemplateBase() : elements_(makeObject<TCleaningSimpleArray<PFrail<IBase>>>(10)) {}
 
+bool CFrailArrayTemplateBase::contains(const IBase* object) const {
+  return std::any_of(elements_->begin(), elements_->end(),
+                     [object](const PFrail<IBase>& element) { return element.get() == object; });
+}
+
 void CFrailArrayTemplateBase::addObject(IBase* object, bool strong) {
   elements_->add({object, strong});
 }

@@ -13,6 +13,8 @@ public:
 
   int getCount() const { return elements_->getCount(); }
   void clear() { elements_->clear(); }
+  /// By identity. The object may have ended.
+  bool contains(const IBase* object) const;
 
 protected:
   CFrailArrayTemplateBase();

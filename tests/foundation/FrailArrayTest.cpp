@@ -54,6 +54,17 @@ TEST(FrailArray, TakesOutTheFirstPlaceOfAnObject) {
   EXPECT_EQ(second.referenceCount(), 1);
 }
 
+TEST(FrailArray, KnowsItsObjectsByIdentity) {
+  CCountedFace inside;
+  CCountedFace outside;
+  TFrailArray<ICountedFace> array;
+  array.addFrail(&inside);
+  EXPECT_TRUE(array.contains(&inside));
+  EXPECT_FALSE(array.contains(&outside));
+  array.remove(&inside);
+  EXPECT_FALSE(array.contains(&inside));
+}
+
 /// An object that lets nobody see what it is.
 class CDenied : public CCountedFace {
 public:
