@@ -12,6 +12,9 @@ namespace orlo::text {
 enum class Case { sensitive, ignored };
 
 int length(const CTextView& text);
+/// How many bytes each character has if that is the fewest of the encoding for all of them, else 0. Text whose length
+/// is not known is not looked through.
+int characterSize(const CTextView& text);
 /// The text between two positions.
 CTextView part(const CTextView& text, CStringPos start, CStringPos end);
 

@@ -4,11 +4,12 @@
 #include "foundation/TextAlgorithms.h"
 #include "foundation/Unicode.h"
 
-#include <algorithm>
+#include <cstring>
 #include <string_view>
+#include <type_traits>
 
-/// What the algorithms on texts share: they are written once, for readers. Texts whose characters are bytes have a
-/// reader of their own, which gives the same characters and positions without decoding.
+/// What the algorithms on texts share: they are written once, for readers. Texts whose characters are their units,
+/// which are most texts, have a reader that gives the same characters and positions without decoding.
 namespace orlo::text {
 
 /// The bytes of a text in which every byte is a character with the byte's value as its code point; nothing for other
@@ -19,46 +20,62 @@ inline std::optional<std::string_view> asBytes(const CTextView& text) {
   return std::string_view(reinterpret_cast<const char*>(text.data), static_cast<std::size_t>(text.byteSize));
 }
 
-/// CCodePointReader for such a text.
-class CByteReader {
+/// CCodePointReader for a text whose characters are units with the value of their code points.
+template <class Unit>
+class TUnitReader {
 public:
   using Direction = CCodePointReader::Direction;
 
-  explicit CByteReader(std::string_view text, CStringPos start = {}, Direction direction = Direction::forwards)
-      : text_(text), direction_(direction) {
+  explicit TUnitReader(const CTextView& text, CStringPos start = {}, Direction direction = Direction::forwards)
+      : data_(text.data), size_(text.byteSize), direction_(direction) {
     seek(start);
   }
 
   bool read(char32_t& codePoint) {
+    Unit unit;
     if (direction_ == Direction::forwards) {
-      if (next_ == text_.size()) return false;
-      codePoint = static_cast<unsigned char>(text_[next_++]);
+      if (next_ == size_) return false;
+      std::memcpy(&unit, data_ + next_, kSize);
+      next_ += kSize;
     } else {
       if (next_ == 0) return false;
-      codePoint = static_cast<unsigned char>(text_[--next_]);
+      next_ -= kSize;
+      std::memcpy(&unit, data_ + next_, kSize);
     }
+    codePoint = unit;
     return true;
   }
 
+  /// Where the character that was read last begins.
   CStringPos lastPosition() const {
-    const int offset = static_cast<int>(direction_ == Direction::forwards ? next_ - 1 : next_);
-    return {offset, offset};
+    const int offset = direction_ == Direction::forwards ? next_ - kSize : next_;
+    return {offset / kSize, offset};
   }
-  void seek(CStringPos pos) {
-    next_ = pos.isEnd() ? text_.size() : std::min(static_cast<std::size_t>(pos.byteOffset), text_.size());
-  }
+  void seek(CStringPos pos) { next_ = pos.isEnd() ? size_ : pos.byteOffset; }
 
 private:
-  std::string_view text_;
+  static constexpr int kSize = sizeof(Unit);
+
+  const unsigned char* data_;
+  int size_;
   Direction direction_;
-  std::size_t next_ = 0;
+  int next_ = 0;
 };
 
-/// Calls the action with a function that makes readers of the text, taking a start and a direction.
+/// Calls the action with a function that makes readers of the text from a start and a direction.
 template <class Action>
-decltype(auto) withReaderOf(const CTextView& text, Action action) {
-  if (const auto bytes = asBytes(text)) return action([bytes](auto... where) { return CByteReader(*bytes, where...); });
-  return action([&text](auto... where) { return CCodePointReader(text, where...); });
+auto withReaderOf(const CTextView& text, Action action) {
+  const auto make = [&text]<class Reader>(std::type_identity<Reader>) {
+    return [&text](auto... where) { return Reader(text, where...); };
+  };
+  const std::uint32_t id = text.encoding->getId();
+  if (id != kCodePageTag) {
+    const int unit = characterSize({text.data, text.byteSize, length(text), *text.encoding});
+    if (unit == 1) return action(make(std::type_identity<TUnitReader<std::uint8_t>>()));
+    if (unit == 2) return action(make(std::type_identity<TUnitReader<char16_t>>()));
+    if (unit == 4) return action(make(std::type_identity<TUnitReader<char32_t>>()));
+  }
+  return action(make(std::type_identity<CCodePointReader>()));
 }
 
 inline char32_t key(char32_t codePoint, Case mode) {

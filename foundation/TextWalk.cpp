@@ -21,6 +21,12 @@ int length(const CTextView& text) {
   return text.length >= 0 ? text.length : text.encoding->countChars(text.data, text.byteSize, 0);
 }
 
+int characterSize(const CTextView& text) {
+  if (text.length < 0) return 0;
+  const int unit = text.encoding->getEncodedSize(0);
+  return static_cast<std::int64_t>(text.length) * unit == text.byteSize ? unit : 0;
+}
+
 CTextView part(const CTextView& text, CStringPos start, CStringPos end) {
   if (start == CStringPos{} && end.isEnd()) return text;
   const int from = start.isEnd() ? text.byteSize : std::clamp(start.byteOffset, 0, text.byteSize);
@@ -33,16 +39,19 @@ CTextView part(const CTextView& text, CStringPos start, CStringPos end) {
 }
 
 CStringPos positionAt(const CTextView& text, int index) {
-  if (index < 0) return CStringPos::end();
-  // As many characters as bytes: each character is one byte.
-  if (text.length == text.byteSize) return index < text.length ? CStringPos{index, index} : CStringPos::end();
-  return advance(text, {}, index);
+  return index < 0 ? CStringPos::end() : advance(text, {}, index);
 }
 
 CStringPos advance(const CTextView& text, CStringPos pos, int count) {
-  const Direction direction = count < 0 ? Direction::backwards : Direction::forwards;
-  CCodePointReader reader(text, pos, direction);
-  for (char32_t codePoint; count != 0; count += count < 0 ? 1 : -1)
+  const bool backwards = count < 0;
+  const std::int64_t unit = backwards && !text.encoding->canWalkBackwards() ? 0 : characterSize(text);
+  if (unit > 0 && pos.byteOffset % unit == 0) {
+    const std::int64_t to = (pos.isEnd() ? text.byteSize : pos.byteOffset) + count * unit;
+    if (to < 0 || to >= text.byteSize) return CStringPos::end();
+    return {static_cast<int>(to / unit), static_cast<int>(to)};
+  }
+  CCodePointReader reader(text, pos, backwards ? Direction::backwards : Direction::forwards);
+  for (char32_t codePoint; count != 0; count += backwards ? 1 : -1)
     if (!reader.read(codePoint)) return CStringPos::end();
   return settled(text, reader.position());
 }
