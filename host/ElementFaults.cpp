@@ -7,12 +7,6 @@ namespace host {
 
 namespace {
 
-std::size_t countChildren(const xmlNode* node) {
-  std::size_t count = 0;
-  for (const xmlNode* child = node ? firstElement(*node) : nullptr; child; child = nextElement(*child)) ++count;
-  return count;
-}
-
 bool hasText(const xmlNode& node, std::string_view property) {
   return !findProperty(node, property).value_or("").empty();
 }
@@ -58,7 +52,22 @@ void findShapeFaults(const xmlNode& shape, Findings& findings) {
     findings.warning(lineOf(shape), describe(shape) + " is a free form without points and shows nothing");
 }
 
+void findButtonFaults(const xmlNode& button, Findings& findings) {
+  const bool isSkinned = typeNameOf(button) == "skin-button";
+  const bool hasSkin = findChild(button, "skin") != nullptr;
+  if (isSkinned && !hasSkin)
+    findings.warning(lineOf(button), describe(button) + " has no <skin> and looks like a plain button");
+  if (hasSkin && !isSkinned)
+    findings.warning(lineOf(button), describe(button) + " has no type-name=\"skin-button\": its <skin> is ignored");
+}
+
 }  // namespace
+
+std::size_t countChildren(const xmlNode* node) {
+  std::size_t count = 0;
+  for (const xmlNode* child = node ? firstElement(*node) : nullptr; child; child = nextElement(*child)) ++count;
+  return count;
+}
 
 std::string tagOf(const xmlNode& node) {
   std::string tag = inQuotes(nameOf(node));
@@ -72,6 +81,11 @@ std::string describe(const xmlNode& element) {
   const std::string name = findProperty(element, "name").value_or("");
   if (!name.empty()) text.append(" ").append(inQuotes(name));
   return text;
+}
+
+std::string typeNameOf(const xmlNode& element) {
+  const std::string name = findProperty(element, "type-name").value_or("");
+  return name.empty() ? findProperty(element, "type").value_or("") : name;
 }
 
 void findElementFaults(const xmlNode& element, const ElementKind& kind, Findings& findings) {
@@ -88,6 +102,7 @@ void findElementFaults(const xmlNode& element, const ElementKind& kind, Findings
   if (kind.name == "label" && !hasText(element, "text")) warn(" has no \"text\" and shows nothing");
   if (kind.name == "table") findTableFaults(element, findings);
   if (kind.name == "shape") findShapeFaults(element, findings);
+  if (kind.name == "state-button") findButtonFaults(element, findings);
 }
 
 void findNodeFaults(const xmlNode& node, const NodeForm& form, Findings& findings) {

@@ -1,13 +1,14 @@
 #include "host/PageContent.h"
 
+#include "host/AnimationFaults.h"
 #include "host/ElementFaults.h"
 #include "host/PageValues.h"
+#include "host/SkinFaults.h"
 #include "host/Spelling.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <set>
 
 namespace host {
 
@@ -17,6 +18,7 @@ namespace {
 constexpr int maxElementDepth = 50;
 constexpr int maxMirrorDepth = 8;
 constexpr long maxElements = 1'000'000;
+constexpr double maxFrames = 100'000;
 
 struct Bounds {
   double left = 0;
@@ -89,19 +91,20 @@ public:
 
 private:
   struct Shared {
-    std::string type;  // as written; empty matches every other one
-    const ElementKind* kind;
+    std::string type;         // as written; empty matches every other one
+    const ElementKind* kind;  // null for a skin
     long line;
     long count;  // of elements, with those inside
     Bounds bounds;
     bool beingRead;
   };
-  // The element whose nodes are being read.
+  // The element whose nodes are being read; with the number of the skin within it if that is being read.
   struct Owner {
     const xmlNode* node = nullptr;
     long long unique = 0;
     int depth = 0;
     int mirrors = 0;
+    bool isAnimation = false;
   };
 
   void error(const xmlNode& place, const std::string& text) { content_.findings.error(lineOf(place), text); }
@@ -117,6 +120,8 @@ private:
   void visit(const xmlNode& node, const NodeForm& form) {
     visitProperties(node, form);
     findNodeFaults(node, form, content_.findings);
+    if (form.content != Content::none)
+      content_.attachments.push_back({form.content, &node, owner_.node, owner_.unique, owner_.isAnimation});
     std::set<const ChildForm*> seen;
     for (const xmlNode* child = node.children; child && !stopped_; child = child->next) {
       if (child->type == XML_ELEMENT_NODE)
@@ -131,14 +136,45 @@ private:
     if (const ChildForm* known = findChild(form, name)) {
       if (!known->repeated && !seen.insert(known).second)
         return warning(child, "a second " + tagOf(child) + " in " + tagOf(parent) + " is ignored");
-      if (known->form->content != Content::none)
-        content_.attachments.push_back({known->form->content, &child, owner_.node, owner_.unique});
+      if (known->form == &skinForm) return visitSkin(child);
+      if (!known->form->variants.empty()) return visitVariant(child, *known->form);
       return visit(child, *known->form);
     }
-    if (form.anyChild) return visit(child, *form.anyChild);
+    if (takesAnyChild(form, name)) return visit(child, *form.anyChild);
     if (form.holdsElements) return visitElement(child, name);
     warning(child, "unknown node " + tagOf(child) + " in " + tagOf(parent) + " is ignored" +
                        suggestion(name, childNames(form)));
+  }
+
+  void visitVariant(const xmlNode& node, const NodeForm& form) {
+    const NodeForm* variant = findVariant(form, findProperty(node, "type").value_or(""));
+    if (variant) return visit(node, *variant);
+    visitProperties(node, form);
+  }
+
+  // A skin of a type that is none is not read.
+  void visitSkin(const xmlNode& node) {
+    const std::string type = findProperty(node, "type").value_or("");
+    if (type.empty()) warning(node, tagOf(node) + " has no \"type\": there is no skin");
+    if (!isSkinType(type)) return visitProperties(node, skinForm);
+    const long long unique = uniqueNumberOf(node);
+    if (unique > 0) {
+      ++content_.uses[unique];
+      content_.skins.insert(unique);
+      if (const auto known = shared_.find(unique); known != shared_.end())
+        return visitReference(node, nullptr, type, unique, known->second);
+      shared_[unique] = {type, nullptr, lineOf(node), 0, {}, true};
+    }
+    const long before = count_;
+    ++count_;
+    const Owner outer = owner_;
+    ++owner_.depth;
+    if (unique > 0) owner_.unique = unique;
+    findSkinFaults(node, content_.findings);
+    if (!isTooDeep(node)) visit(node, skinForm);
+    owner_ = outer;
+    if (unique > 0) endSharing(unique, before);
+    limitCount(node);
   }
 
   void findStrayText(const xmlNode& text, const xmlNode& parent) {
@@ -168,8 +204,7 @@ private:
 
   void visitElement(const xmlNode& node, const std::string& name) {
     const std::string storedType = findProperty(node, "type").value_or("");
-    std::string typeName = findProperty(node, "type-name").value_or("");
-    if (typeName.empty()) typeName = storedType;
+    const std::string typeName = typeNameOf(node);
     const ElementKind* kind = kindOf(node, name, typeName);
     if (!kind) return;
 
@@ -178,7 +213,7 @@ private:
     if (unique > 0) {
       ++content_.uses[unique];
       if (const auto known = shared_.find(unique); known != shared_.end())
-        return visitReference(node, *kind, type, unique, known->second);
+        return visitReference(node, kind, type, unique, known->second);
       shared_[unique] = {type, kind, lineOf(node), 0, boundsOf(node), true};
     }
 
@@ -186,11 +221,13 @@ private:
     ++count_;
     visitFresh(node, *kind, unique);
     cover(unique > 0 ? shared_[unique].bounds : boundsOf(node));
-    if (unique > 0) {
-      shared_[unique].count = count_ - before;
-      shared_[unique].beingRead = false;
-    }
+    if (unique > 0) endSharing(unique, before);
     limitCount(node);
+  }
+
+  void endSharing(long long unique, long countBefore) {
+    shared_[unique].count = count_ - countBefore;
+    shared_[unique].beingRead = false;
   }
 
   // The kind that the module makes of a node; null, and an error is noted, if it makes none.
@@ -206,6 +243,11 @@ private:
       refused(node, "element type " + inQuotes(wanted) + " cannot be shown");
       return nullptr;
     }
+    if (!kind->typeName.empty() && !sameName(kind->typeName, wanted)) {
+      refused(node, "element type " + inQuotes(wanted) +
+                        " cannot be shown without type-name=" + inQuotes(kind->typeName, '"'));
+      return nullptr;
+    }
     if (!sameName(kind->name, name))
       warning(node, tagOf(node) + " is read as a " + inQuotes(wanted) + ", as its type says");
     return kind;
@@ -218,7 +260,7 @@ private:
     return nullptr;
   }
 
-  void visitReference(const xmlNode& node, const ElementKind& kind, const std::string& type, long long unique,
+  void visitReference(const xmlNode& node, const ElementKind* kind, const std::string& type, long long unique,
                       const Shared& shared) {
     const std::string number = "unique=\"" + std::to_string(unique) + "\"";
     const std::string place = " of line " + std::to_string(shared.line);
@@ -226,8 +268,10 @@ private:
       return refused(node, number + " is the type " + inQuotes(shared.type) + place + ", but " +
                                (type.empty() ? "has no type" : inQuotes(type)) + " here");
     if (shared.beingRead) return refused(node, number + place + " contains itself");
-    if (shared.kind != &kind)
-      warning(node, number + " shows the <" + std::string(shared.kind->name) + ">" + place + " here");
+    if (shared.kind != kind) {
+      const std::string shown = shared.kind ? inQuotes(shared.kind->name) : "skin";
+      warning(node, number + " shows the " + shown + place + " here");
+    }
     if (firstElement(node))
       warning(node, tagOf(node) + " shows " + number + place + " again; the nodes in it are ignored");
     cover(shared.bounds);
@@ -238,18 +282,27 @@ private:
   void visitFresh(const xmlNode& node, const ElementKind& kind, long long unique) {
     ++content_.kinds[kind.name];
     const Owner outer = owner_;
-    owner_ = {&node, unique, outer.depth + 1, outer.mirrors + (kind.name == "mirror" ? 1 : 0)};
-    if (owner_.depth > maxElementDepth) {
-      refused(node, "elements nest more than " + std::to_string(maxElementDepth) + " deep");
-    } else {
+    owner_ = {&node, unique, outer.depth + 1, outer.mirrors + (kind.name == "mirror" ? 1 : 0),
+              kind.name == "animation"};
+    if (!isTooDeep(node)) {
       if (owner_.mirrors == maxMirrorDepth + 1)
         refused(node, "mirrors show mirrors more than " + std::to_string(maxMirrorDepth) + " deep");
       visit(node, *kind.form);
       findElementFaults(node, kind, content_.findings);
+      if (owner_.isAnimation) {
+        findAnimationFaults(node, content_.findings);
+        if (frameCountOf(node) > maxFrames) refused(node, "an animation has at most 100000 frames");
+      }
       const std::string file = kind.name == "image" ? findProperty(node, "filename").value_or("") : "";
       if (!file.empty()) content_.files.push_back({file, &node, unique});
     }
     owner_ = outer;
+  }
+
+  bool isTooDeep(const xmlNode& node) {
+    if (owner_.depth <= maxElementDepth) return false;
+    refused(node, "elements nest more than " + std::to_string(maxElementDepth) + " deep");
+    return true;
   }
 
   void limitCount(const xmlNode& node) {

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,7 +17,8 @@ struct Attachment {
   Content content;
   const xmlNode* node;
   const xmlNode* element;
-  long long unique;  // of the element; 0 if it is not shared
+  long long unique;  // of the element, or of the skin within it; 0 if it is not shared
+  bool isFrame;      // of an animation
 };
 
 // An element that shows a picture that lies in a file.
@@ -44,7 +46,8 @@ struct PageContent {
   Findings findings;
   PageSize size;
   std::map<std::string_view, long> kinds;  // how many elements there are of each, shared ones counted once
-  std::map<long long, long> uses;          // of shared elements, by their numbers
+  std::map<long long, long> uses;          // of shared elements and skins, by their numbers
+  std::set<long long> skins;               // the numbers of shared skins
   std::vector<Attachment> attachments;
   std::vector<PictureFile> files;
 

@@ -88,10 +88,23 @@ private:
     const bool isPicture = attachment.content == Content::picture;
     const std::string fault =
         isPicture ? readEmbedded(node, decoded.bytes, resource) : readRichText(decoded.bytes, resource);
-    if (fault.empty())
-      resources_.push_back(std::move(resource));
-    else
-      findings_.error(lineOf(node), place + " " + fault);
+    if (!fault.empty()) return findings_.error(lineOf(node), place + " " + fault);
+    resource.frames = attachment.isFrame ? 1 : 0;
+    if (!isNextFrame(attachment, resource)) return add(std::move(resource), attachment.element);
+    resources_.back().bytes += resource.bytes;
+    ++resources_.back().frames;
+  }
+
+  // Whether it goes on with the animation whose frames were added last.
+  bool isNextFrame(const Attachment& attachment, const Resource& resource) const {
+    if (!attachment.isFrame || resources_.empty() || attachment.element != last_) return false;
+    const Resource& last = resources_.back();
+    return last.format == resource.format && last.width == resource.width && last.height == resource.height;
+  }
+
+  void add(Resource resource, const xmlNode* element) {
+    resources_.push_back(std::move(resource));
+    last_ = element;
   }
 
   std::string readEmbedded(const xmlNode& node, std::span<const unsigned char> bytes, Resource& resource) {
@@ -182,6 +195,7 @@ private:
   const PageContent& content_;
   Findings& findings_;
   std::vector<Resource> resources_;
+  const xmlNode* last_ = nullptr;                            // the element of the last one
   std::map<std::string, std::optional<std::size_t>> files_;  // those that could be read, by their places
   std::int64_t pixels_ = 0;
 };

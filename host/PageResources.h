@@ -9,7 +9,7 @@
 
 namespace host {
 
-// A picture or a rich text of a page: in the page itself, or in a file beside it.
+// A picture, the pictures of an animation or a rich text of a page: in the page itself, or in a file beside it.
 struct Resource {
   Content content = Content::none;
   long line = 0;
@@ -19,6 +19,7 @@ struct Resource {
   std::int64_t width = 0;
   std::int64_t height = 0;
   long paragraphs = 0;
+  long frames = 0;  // of an animation: that many pictures of the same kind and size, told in one
   long uses = 1;
 };
 

@@ -36,11 +36,11 @@ std::string usesText(long uses) {
 }
 
 std::string detailOf(const Resource& resource) {
-  std::string text;
+  std::string text = resource.frames > 1 ? counted(static_cast<std::size_t>(resource.frames), "frame") + ", " : "";
   if (resource.content == Content::picture && resource.width == 0)
-    text = resource.format;
+    text += resource.format;
   else if (resource.content == Content::picture)
-    text = resource.format + " " + std::to_string(resource.width) + "x" + std::to_string(resource.height);
+    text += resource.format + " " + std::to_string(resource.width) + "x" + std::to_string(resource.height);
   else
     text = counted(static_cast<std::size_t>(resource.paragraphs), "paragraph");
   return text + ", " + sizeText(resource.bytes) + usesText(resource.uses);
@@ -65,30 +65,35 @@ std::string elementsLine(const PageContent& content) {
 }
 
 std::string sharedLine(const PageContent& content) {
-  std::size_t shared = 0;
-  long uses = 0;
-  for (const auto& [unique, number] : content.uses) {
-    if (number < 2) continue;
-    ++shared;
-    uses += number;
+  std::string line;
+  for (const bool isSkin : {false, true}) {
+    std::size_t shared = 0;
+    long uses = 0;
+    for (const auto& [unique, number] : content.uses) {
+      if (number < 2 || content.skins.contains(unique) != isSkin) continue;
+      ++shared;
+      uses += number;
+    }
+    if (shared == 0) continue;
+    line += (line.empty() ? "  shared    " : "; ") + counted(shared, isSkin ? "skin" : "element") + usesText(uses);
   }
-  if (shared == 0) return {};
-  return "  shared    " + counted(shared, "element") + ", used " + std::to_string(uses) + " times\n";
+  return line.empty() ? line : line + "\n";
 }
 
 std::string resourceLines(const std::vector<Resource>& resources, Content content, const std::string& title) {
-  std::size_t count = 0, bytes = 0;
+  std::size_t count = 0, told = 0, bytes = 0;
   std::int64_t pixels = 0;
   std::string lines;
   for (const Resource& resource : resources) {
     if (resource.content != content) continue;
     bytes += resource.bytes;
-    pixels += resource.width * resource.height;
-    if (++count > mostLines) continue;
+    pixels += resource.width * resource.height * std::max(1L, resource.frames);
+    count += static_cast<std::size_t>(std::max(1L, resource.frames));
+    if (++told > mostLines) continue;
     lines += "    line " + std::to_string(resource.line) + ": " + resource.name + ": " + detailOf(resource) + "\n";
   }
   if (count == 0) return {};
-  if (count > mostLines) lines += "    and " + std::to_string(count - mostLines) + " more\n";
+  if (told > mostLines) lines += "    and " + std::to_string(told - mostLines) + " more\n";
   return "  " + title + std::to_string(count) + ", " + sizeText(bytes) + (pixels > 0 ? ", " + pixelText(pixels) : "") +
          "\n" + lines;
 }

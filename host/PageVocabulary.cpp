@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <limits>
 
 namespace host {
@@ -36,7 +37,13 @@ constexpr std::array<std::string_view, 3> extensions = {"png", "jpg", "bmp"};
 constexpr std::array<std::string_view, 4> shapes = {"rectangle", "rounded-rectangle", "ellipse", "free-form"};
 constexpr std::array<std::string_view, 3> aligns = {"top", "center", "bottom"};
 constexpr std::array<std::string_view, 2> skinTypes = {"buttonskin", "shapeskin"};
+constexpr std::array<std::string_view, 2> animationTypes = {"animation", "gif"};
 constexpr std::array<std::string_view, 3> dataTypes = {"string", "int", "rect"};
+
+constexpr ValueForm exactlyOneOf(std::string_view name, std::span<const std::string_view> words,
+                                 std::string_view otherwise) {
+  return {name, ValueKind::word, lowestInt, highestInt, words, otherwise, false, false, true};
+}
 
 constexpr ValueForm text{"text", ValueKind::text, 0, 0, {}, "", false};
 constexpr ValueForm number{"number", ValueKind::number, 0, 0, {}, "it counts as 0", false};
@@ -55,7 +62,8 @@ constexpr ValueForm fontWeight = oneOf("font-weight", ValueKind::integer, fontWe
 constexpr ValueForm extension = oneOf("picture-extension", ValueKind::word, extensions, "the picture is not shown");
 constexpr ValueForm shapeWord = oneOf("shape-word", ValueKind::word, shapes, "the module refuses the page", true);
 constexpr ValueForm alignWord = oneOf("vertical-align", ValueKind::word, aligns, "the module refuses the page", true);
-constexpr ValueForm skinType = oneOf("skin-type", ValueKind::word, skinTypes, "there is no skin");
+constexpr ValueForm skinType = exactlyOneOf("skin-type", skinTypes, "there is no skin");
+constexpr ValueForm animationType = exactlyOneOf("animation-type", animationTypes, "there is no animation");
 constexpr ValueForm dataType = oneOf("data-type", ValueKind::word, dataTypes, "the entry is left out");
 constexpr ValueForm kindName{"kind", ValueKind::text, 0, 0, {}, "", false};
 
@@ -75,6 +83,9 @@ constexpr NodeForm margins{nullptr, marginProperties, {}};
 
 constexpr PropertyForm colourProperties[] = {
     {"red", &channel}, {"green", &channel}, {"blue", &channel}, {"alpha", &channel}};
+
+// Of letters that are opaque whatever their alpha.
+constexpr NodeForm ink{nullptr, colourProperties, {}};
 
 constexpr ChildForm colourChild[] = {{"color", &colourForm}};
 constexpr PropertyForm brushProperties[] = {{"style", &brushStyle}};
@@ -129,18 +140,15 @@ constexpr ChildForm animationLayerChildren[] = {
 constexpr NodeForm animationLayer{&layer, animationLayerProperties, animationLayerChildren};
 constexpr PropertyForm textLayerProperties[] = {
     {"halo-enabled", &boolean}, {"multiline-enabled", &boolean}, {"prop", &text}};
-constexpr ChildForm textLayerChildren[] = {{"font", &font},
-                                           {"color", &colourForm},
-                                           {"shadow-color", &colourForm},
-                                           {"shadow-rel-position", &point},
-                                           {"halo-color", &colourForm}};
+constexpr ChildForm textLayerChildren[] = {
+    {"font", &font}, {"color", &ink}, {"shadow-color", &ink}, {"shadow-rel-position", &point}, {"halo-color", &ink}};
 constexpr NodeForm textLayer{&layer, textLayerProperties, textLayerChildren};
 constexpr PropertyForm customLayerProperties[] = {{"id", &text}};
 constexpr ChildForm customLayerChildren[] = {{"shape", &skinForm}};
 constexpr NodeForm customLayer{&layer, customLayerProperties, customLayerChildren};
 constexpr ChildForm layersChildren[] = {
     {"animation", &animationLayer, true}, {"text", &textLayer, true}, {"custom", &customLayer, true}};
-constexpr NodeForm layers{nullptr, {}, layersChildren};
+constexpr NodeForm layers{.base = nullptr, .properties = {}, .children = layersChildren, .exactNames = true};
 constexpr PropertyForm stateProperties[] = {{"name", &text}};
 constexpr ChildForm stateChildren[] = {{"layers", &layers}};
 constexpr NodeForm state{nullptr, stateProperties, stateChildren};
@@ -156,6 +164,25 @@ constexpr NodeForm button{&elementForm, buttonProperties, buttonChildren};
 
 constexpr ChildForm mirrorChildren[] = {{"graphic-document", &documentForm}};
 constexpr NodeForm mirror{&elementForm, {}, mirrorChildren};
+
+constexpr PropertyForm frameListProperties[] = {
+    {"type", &animationType}, {"count", &integer}, {"delay", &integer}, {"loop", &boolean}};
+constexpr NodeForm frameList{
+    .base = nullptr, .properties = frameListProperties, .children = {}, .anyChild = &picture, .numbered = "frame"};
+constexpr PropertyForm gifFrameProperties[] = {{"delay", &integer}};
+constexpr ChildForm gifFrameChildren[] = {{"frame", &picture}};
+constexpr NodeForm gifFrame{nullptr, gifFrameProperties, gifFrameChildren};
+constexpr PropertyForm gifProperties[] = {{"type", &animationType}, {"count", &integer}, {"loop", &boolean}};
+constexpr PropertyForm pixelProperties[] = {{"x", &integer}, {"y", &integer}};
+constexpr NodeForm pixels{nullptr, pixelProperties, {}};
+constexpr ChildForm gifChildren[] = {{"size", &pixels}};
+constexpr NodeForm gif{
+    .base = nullptr, .properties = gifProperties, .children = gifChildren, .anyChild = &gifFrame, .numbered = "frame"};
+constexpr Variant animationVariants[] = {{"animation", &frameList}, {"gif", &gif}};
+constexpr NodeForm animation{
+    .base = nullptr, .properties = frameListProperties, .children = {}, .variants = animationVariants};
+constexpr ChildForm animationChildren[] = {{"animation", &animation}};
+constexpr NodeForm animationImage{&elementForm, {}, animationChildren};
 
 constexpr PropertyForm imageProperties[] = {{"noscale", &boolean}, {"filename", &text}};
 constexpr ChildForm imageChildren[] = {{"scale-margins", &margins}, {"attachment-bitmap", &picture}};
@@ -198,18 +225,25 @@ constexpr ChildForm elementChildren[] = {{"center", &point}, {"size", &size}, {"
 constexpr PropertyForm documentProperties[] = {{"version", &integer}};
 constexpr ChildForm documentChildren[] = {{"bounding-box", &rect}, {"content-box", &rect}, {"xdata", &xdata}};
 
-constexpr ElementKind kinds[] = {
-    {"paper", &elementForm, Needs::size},    {"image", &image, Needs::size},
-    {"text", &richTextElement, Needs::size}, {"text-circle", &richTextElement, Needs::size},
-    {"table", &table, Needs::height},        {"line", &segment, Needs::nothing},
-    {"point", &elementForm, Needs::nothing}, {"circle", &figure, Needs::size},
-    {"rectangle", &figure, Needs::size},     {"shape", &shape, Needs::size},
-    {"arrow", &segment, Needs::nothing},     {"dimension", &segment, Needs::nothing},
-    {"dummy", &elementForm, Needs::nothing}, {"state-button", &button, Needs::ownSizeOrNone},
-    {"mirror", &mirror, Needs::size},        {"label", &label, Needs::nothing}};
+constexpr ElementKind kinds[] = {{"paper", &elementForm, Needs::size},
+                                 {"image", &image, Needs::size},
+                                 {"text", &richTextElement, Needs::size},
+                                 {"text-circle", &richTextElement, Needs::size},
+                                 {"table", &table, Needs::height},
+                                 {"line", &segment, Needs::nothing},
+                                 {"point", &elementForm, Needs::nothing},
+                                 {"circle", &figure, Needs::size},
+                                 {"rectangle", &figure, Needs::size},
+                                 {"shape", &shape, Needs::size},
+                                 {"arrow", &segment, Needs::nothing},
+                                 {"dimension", &segment, Needs::nothing},
+                                 {"dummy", &elementForm, Needs::nothing},
+                                 {"state-button", &button, Needs::ownSizeOrNone},
+                                 {"mirror", &mirror, Needs::size},
+                                 {"label", &label, Needs::nothing},
+                                 {"animation", &animationImage, Needs::size, "animation-image"}};
 
-constexpr std::string_view reservedKinds[] = {"base",        "custom",          "animation",
-                                              "movie-image", "animation-image", "authed-state-button-action"};
+constexpr std::string_view reservedKinds[] = {"base", "custom", "movie-image", "authed-state-button-action"};
 
 // Names are nearly always written as here, and telling two texts apart is quick then.
 template <typename Form>
@@ -234,7 +268,8 @@ std::span<const ElementKind> elementKinds() {
 }
 
 std::string_view plainKindOf(std::string_view name) {
-  return name == "skin-button" ? "state-button" : name;
+  if (name == "skin-button") return "state-button";
+  return sameName(name, "animation-image") ? "animation" : name;
 }
 
 const ElementKind* findElementKind(std::string_view name) {
@@ -246,6 +281,10 @@ bool isReservedKind(std::string_view name) {
                      [&](std::string_view known) { return sameName(known, name); });
 }
 
+bool isSkinType(std::string_view type) {
+  return std::find(skinTypes.begin(), skinTypes.end(), type) != skinTypes.end();
+}
+
 const PropertyForm* findProperty(const NodeForm& form, std::string_view name) {
   const PropertyForm* property = find(form.properties, name);
   return property || !form.base ? property : findProperty(*form.base, name);
@@ -253,7 +292,29 @@ const PropertyForm* findProperty(const NodeForm& form, std::string_view name) {
 
 const ChildForm* findChild(const NodeForm& form, std::string_view name) {
   const ChildForm* child = find(form.children, name);
+  if (child && form.exactNames && child->name != name) return nullptr;
   return child || !form.base ? child : findChild(*form.base, name);
+}
+
+std::optional<long> numberBehind(std::string_view prefix, std::string_view name) {
+  if (name.size() <= prefix.size() || !sameName(name.substr(0, prefix.size()), prefix)) return {};
+  const std::string_view digits = name.substr(prefix.size());
+  if (digits.size() > 1 && digits.front() == '0') return {};
+  long number = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  if (error != std::errc() || end != digits.data() + digits.size() || number < 0) return {};
+  return number;
+}
+
+bool takesAnyChild(const NodeForm& form, std::string_view name) {
+  if (!form.anyChild) return false;
+  return form.numbered.empty() || numberBehind(form.numbered, name);
+}
+
+const NodeForm* findVariant(const NodeForm& form, std::string_view type) {
+  for (const Variant& variant : form.variants)
+    if (variant.type == type) return variant.form;
+  return nullptr;
 }
 
 }  // namespace host

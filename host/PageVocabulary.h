@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -23,6 +24,8 @@ struct ValueForm {
   bool refused;
   // A number beyond low or high counts as that.
   bool clamps = false;
+  // Words count only as they are written here, capitals included.
+  bool exact = false;
 };
 
 struct NodeForm;
@@ -40,6 +43,12 @@ struct ChildForm {
 
 enum class Content { none, picture, richText };
 
+// A form that a node has if its property "type" says so.
+struct Variant {
+  std::string_view type;
+  const NodeForm* form;
+};
+
 struct NodeForm {
   const NodeForm* base;  // what this one has besides its own, or null
   std::span<const PropertyForm> properties;
@@ -47,6 +56,9 @@ struct NodeForm {
   const NodeForm* anyChild = nullptr;  // children of any other name have this form
   bool holdsElements = false;
   Content content = Content::none;
+  std::string_view numbered = {};          // the names for anyChild are this with a number behind it, from 0
+  bool exactNames = false;                 // children count only if their names are written as here, capitals included
+  std::span<const Variant> variants = {};  // a node whose type is none of them is read no further than its properties
 };
 
 // What an element shows nothing without.
@@ -56,6 +68,7 @@ struct ElementKind {
   std::string_view name;
   const NodeForm* form;
   Needs needs;
+  std::string_view typeName = {};  // without which the module makes none; empty if the name is enough
 };
 
 extern const NodeForm documentForm;
@@ -73,8 +86,17 @@ std::string_view plainKindOf(std::string_view name);
 // Kinds and type names that are known and that the module does not make.
 bool isReservedKind(std::string_view name);
 
+// The number behind a prefix, written without zeros in front; none if the name is anything else.
+std::optional<long> numberBehind(std::string_view prefix, std::string_view name);
+
+bool isSkinType(std::string_view type);
+
 // Null for a name that the form does not have.
 const PropertyForm* findProperty(const NodeForm& form, std::string_view name);
 const ChildForm* findChild(const NodeForm& form, std::string_view name);
+// Whether a child of this name has the form anyChild.
+bool takesAnyChild(const NodeForm& form, std::string_view name);
+// The variant of that type, or null.
+const NodeForm* findVariant(const NodeForm& form, std::string_view type);
 
 }  // namespace host

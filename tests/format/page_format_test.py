@@ -12,9 +12,8 @@ import zlib
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SCHEMA = ROOT / "docs" / "page.rng"
 DOCUMENT = ROOT / "docs" / "page-format.md"
-# Read, but not as pages are written: names in other cases, a decimal comma, numbers that are none. And animations,
-# which the schema doesn't know yet.
-UNUSUAL = {ROOT / "tests" / "golden" / "pages" / name for name in ("spelling.xml", "shape-edges.xml", "animation.xml")}
+# Read, but not as pages are written: names in other cases, a decimal comma, numbers that are none.
+UNUSUAL = {ROOT / "tests" / "golden" / "pages" / name for name in ("spelling.xml", "shape-edges.xml")}
 
 BOX = '<content-box x="0" y="0" width="160" height="90"/>'
 FRAME = '<center x="80" y="45"/><size width="100" height="50"/>'
@@ -114,6 +113,45 @@ class Schema(unittest.TestCase):
         self.wrong("<image><attachment-bitmap extension='png'>AAAA\nAAAA</attachment-bitmap></image>")
         self.wrong("<image><attachment-bitmap extension='png'>AAA=</attachment-bitmap></image>")
 
+    def animation(self, content, type_name=' type-name="animation-image"'):
+        return f"<animation{type_name}>{FRAME}{content}</animation>"
+
+    def test_animations_that_are_none(self):
+        picture = 'extension="png">AAAA</frame'
+        listed = f'<animation type="animation" count="1" delay="40"><frame0 {picture}0></animation>'
+        gif = ('<animation type="gif" count="1"><size x="2" y="2"/>'
+               f'<frame0 delay="70"><frame {picture}></frame0></animation>')
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "page.xml"
+            for content in (listed, gif):
+                path.write_text(page(self.animation(content) + self.animation("", ' type="animation-image" unique="3"')))
+                self.assertEqual(validate(path), "")
+        self.wrong(self.animation(listed, ""))
+        self.wrong(self.animation(listed, ' type-name="movie-image"'))
+        self.wrong(self.animation(listed + gif))
+        for right, broken in ((' count="1"', ""), (' count="1"', ' count="one"'), ('"animation"', '"GIF"'),
+                              ('"animation"', '"gif"'), ('extension="png"', ""), ("<frame0", '<frame0 delay="1"')):
+            self.wrong(self.animation(listed.replace(right, broken)))
+        for right, broken in ((' delay="70"', ""), ('"gif"', '"animation"'), ('y="2"', 'y="2.5"'),
+                              (f"<frame {picture}>", "")):
+            self.wrong(self.animation(gif.replace(right, broken)))
+
+    def test_skins_that_are_none(self):
+        def button(skin):
+            return f'<state-button type-name="skin-button">{FRAME}{skin}</state-button>'
+
+        def layers(content, state="normal"):
+            return button(f'<skin type="buttonskin"><states><{state}><layers>{content}</layers></{state}></states></skin>')
+
+        self.wrong(button("<skin/>"))
+        self.wrong(button('<skin type="ButtonSkin"/>'))
+        self.wrong(layers("<text/>", "pressed"))
+        self.wrong(layers("<image/>"))
+        self.wrong(layers("<Text/>"))
+        self.wrong(layers('<text scaling-enabled="true"/>'))
+        self.wrong(layers('<animation halo-enabled="true"/>'))
+        self.wrong(layers("<custom><skin/></custom>"))
+
     def test_nodes_given_twice(self):
         self.wrong("<rectangle><size width='1' height='1'/><size width='1' height='1'/></rectangle>")
         self.wrong(BOX)
@@ -156,9 +194,11 @@ class Examples(unittest.TestCase):
         self.assertGreater(len(pages), 15)
         schema = SCHEMA.read_text(encoding="utf-8")
         kinds = re.findall(r'<attribute name="type"><value>(.*?)</value>', schema)
+        self.assertIn("gif", kinds)
         for kind in kinds:
             if kind not in ("string", "int", "rect"):
-                self.assertTrue(any(f"<{kind}" in content for content in pages), kind)
+                self.assertTrue(any(f"<{kind}" in content or f'type="{kind}"' in content or
+                                    f'type-name="{kind}"' in content for content in pages), kind)
 
     def test_every_example_is_shown_and_nothing_is_wrong_with_it(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -115,10 +115,97 @@ TEST(Check, TakesNamesInAnyCase) {
 }
 
 TEST(Check, RefusesWhatCannotBeShown) {
-  for (const std::string kind : {"base", "custom", "animation"}) {
+  for (const std::string kind : {"base", "custom"}) {
     EXPECT_EQ(errors("<" + kind + "/>"),
               "page.xml:4: error: element type '" + kind + "' cannot be shown; the module refuses the page\n");
   }
+  EXPECT_EQ(errors("<animation/>"),
+            "page.xml:4: error: element type 'animation' cannot be shown without type-name=\"animation-image\"; the "
+            "module refuses the page\n");
+}
+
+std::string animation(const std::string& node) {
+  return "<animation type-name=\"animation-image\" name=\"Reel\">" + place + node + "</animation>";
+}
+
+// A frame list or, with the frames as a GIF has them, a GIF.
+std::string frames(const Folder& folder, const std::string& type, int from, int to) {
+  const std::string bytes = picture(folder, "8x6", "frame.png");
+  std::string nodes;
+  for (int i = from; i < to; ++i) {
+    const std::string name = "frame" + std::to_string(i);
+    const auto node = [&](const std::string& tag) {
+      return "<" + tag + " extension=\"png\">" + host::toBase64(bytes) + "</" + tag + ">";
+    };
+    nodes += type == "gif" ? "<" + name + " delay=\"70\">" + node("frame") + "</" + name + ">" : node(name);
+  }
+  return nodes;
+}
+
+std::string animation(const std::string& type, const std::string& properties, const std::string& frames) {
+  return animation("<animation type=\"" + type + "\"" + properties + ">" + frames + "</animation>");
+}
+
+TEST(Check, KnowsAnimations) {
+  const Folder folder;
+  for (const std::string type : {"animation", "gif"}) {
+    folder.write("page.xml", page(animation(type, " count=\"3\" loop=\"true\"", frames(folder, type, 0, 3))));
+    const test::Outcome outcome = check(folder, "page.xml");
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("page.xml: no errors, no warnings\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("  elements  1: 1 animation\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("  pictures  3, "));
+    EXPECT_THAT(outcome.output, HasSubstr(", 144 pixels\n    line 4: <animation> 'Reel': 3 frames, png 8x6, "));
+  }
+}
+
+TEST(Check, TellsAnimationsThatShowNothing) {
+  const Folder folder;
+  EXPECT_EQ(warnings(animation("")), "page.xml:4: warning: <animation> 'Reel' has no <animation> and shows nothing\n");
+  EXPECT_EQ(warnings(animation("<animation/>")),
+            "page.xml:4: warning: <animation> 'Reel' has an <animation> without \"type\" and shows nothing\n");
+  EXPECT_EQ(warnings(animation("gif", "", "")),
+            "page.xml:4: warning: <animation> 'Reel' has no \"count\" of frames and shows nothing\n");
+  EXPECT_EQ(
+      warnings(animation("gif", " count=\"-1\"", frames(folder, "gif", 0, 2))),
+      "page.xml:4: warning: <animation> 'Reel' has a \"count\" of no frames and shows nothing, though there are 2 "
+      "frames\n");
+}
+
+TEST(Check, TellsUnknownAnimations) {
+  for (const std::string type : {"mng", "GIF"}) {
+    EXPECT_EQ(
+        errors(animation(type, " count=\"1\"", "<frame0/>")),
+        "page.xml:4: error: <animation> type=\"" + type + "\": must be animation or gif; there is no animation\n");
+  }
+}
+
+TEST(Check, TellsFramesThatDoNotMatchTheirCount) {
+  const Folder folder;
+  const auto wanted = [&](const std::string& type, const std::string& count, int from, int to) {
+    return warnings(animation(type, " count=\"" + count + "\"", frames(folder, type, from, to)));
+  };
+  const std::string start = "page.xml:4: warning: <animation> 'Reel' has ";
+  EXPECT_EQ(wanted("animation", "3", 0, 2), start + "no <frame2>, but count=\"3\": nothing is shown in its time\n");
+  EXPECT_EQ(wanted("gif", "3", 1, 3), start + "no <frame0>, but count=\"3\": it is left out\n");
+  EXPECT_EQ(wanted("gif", "2", 0, 4), start + "frames that its count=\"2\" leaves out, <frame2> the first of them\n");
+}
+
+TEST(Check, TellsFramesThatAreNone) {
+  const Folder folder;
+  EXPECT_EQ(warnings(animation("gif", " count=\"1\"", "\n<frame0/>")),
+            "page.xml:5: warning: <animation> 'Reel' has no <frame> in <frame0>: nothing is shown meanwhile\n"
+            "page.xml:5: warning: <animation> 'Reel' has no \"delay\" in <frame0>: it stays for one frame of the "
+            "video\n");
+  EXPECT_EQ(warnings(animation("animation", " count=\"1\"", frames(folder, "animation", 0, 1) + "\n<frame01/>")),
+            "page.xml:5: warning: unknown node <frame01> in <animation> is ignored\n");
+  EXPECT_EQ(errors(animation("animation", " count=\"1\"", "\n<frame0 extension=\"png\">SGVsbG8</frame0>")),
+            "page.xml:5: error: <frame0> of <animation> 'Reel' is no PNG, JPEG or BMP picture\n");
+}
+
+TEST(Check, TellsAnimationsWithTooManyFrames) {
+  EXPECT_THAT(errors(animation("gif", " count=\"100001\"", "")),
+              HasSubstr("error: an animation has at most 100000 frames; the module refuses the page\n"));
 }
 
 TEST(Check, TellsWhatBecomesOfNumbersThatAreNone) {
@@ -189,8 +276,90 @@ TEST(Check, KnowsButtonsWithSkins) {
            layers + "</layers></normal></states></skin></state-button>";
   };
   EXPECT_EQ(warnings(button("<text halo-enabled=\"true\"/><animation/><custom id=\"clock\"/>")), "");
-  EXPECT_THAT(warnings(button("<image/>")), HasSubstr("unknown node <image> in <layers> is ignored"));
-  EXPECT_THAT(errors("<state-button><skin type=\"carpet\"/></state-button>"), HasSubstr("there is no skin"));
+  EXPECT_EQ(warnings(button("<image/>")), "page.xml:4: warning: unknown node <image> in <layers> is ignored\n");
+  EXPECT_EQ(warnings(button("<Text/>")),
+            "page.xml:4: warning: unknown node <Text> in <layers> is ignored; did you mean 'text'?\n");
+  EXPECT_EQ(warnings(button("<text><color red=\"1\"/></text>")), "");
+}
+
+std::string skin(const std::string& properties, const std::string& states = {}) {
+  return "<state-button type-name=\"skin-button\"><skin" + properties + ">" + states + "</skin></state-button>";
+}
+
+TEST(Check, TellsButtonsWithoutSkins) {
+  EXPECT_EQ(warnings("<state-button type-name=\"skin-button\" name=\"Play\"/>"),
+            "page.xml:4: warning: <state-button> 'Play' has no <skin> and looks like a plain button\n");
+  EXPECT_EQ(warnings("<state-button><skin type=\"shapeskin\"><states><normal><layers><text/></layers></normal></states>"
+                     "</skin></state-button>"),
+            "page.xml:4: warning: <state-button> has no type-name=\"skin-button\": its <skin> is ignored\n");
+  EXPECT_EQ(warnings(skin("")), "page.xml:4: warning: <skin> has no \"type\": there is no skin\n");
+  for (const std::string type : {"carpet", "ButtonSkin"}) {
+    EXPECT_EQ(errors(skin(" type=\"" + type + "\"")),
+              "page.xml:4: error: <skin> type=\"" + type + "\": must be buttonskin or shapeskin; there is no skin\n");
+  }
+}
+
+TEST(Check, TellsStatesThatButtonsShowAndSkinsLack) {
+  const std::string layers = "<layers><text/></layers>";
+  EXPECT_EQ(warnings(skin(" type=\"buttonskin\" id=\"glass\"", "<states><hover>" + layers + "</hover></states>")),
+            "page.xml:4: warning: <skin> 'glass' has no state <normal> and shows nothing\n");
+  EXPECT_EQ(warnings(skin(" type=\"buttonskin\"", "<states><normal/></states>")),
+            "page.xml:4: warning: <normal> of <skin> has no layers and shows nothing\n");
+  EXPECT_EQ(warnings(skin(" type=\"shapeskin\"",
+                          "<states><normal>" + layers + "</normal><down>" + layers + "</down></states>")),
+            "page.xml:4: warning: <down> is ignored: a shapeskin has the state <normal> alone\n");
+  EXPECT_EQ(warnings(skin(" type=\"buttonskin\"", "<states><normal name=\"day\">" + layers + "</normal></states>")),
+            "page.xml:4: warning: <normal> is the state 'day', as its \"name\" says: nothing is left for pages to "
+            "show\n");
+  EXPECT_EQ(warnings(skin(" type=\"buttonskin\"", "<states><pressed/><normal>" + layers + "</normal></states>")),
+            "page.xml:4: warning: unknown node <pressed> in <states> is ignored\n");
+}
+
+TEST(Check, TellsLayersThatDoNotShowWhatTheySay) {
+  const Folder folder;
+  const std::string bytes = host::toBase64(picture(folder, "8x6", "icon.png"));
+  const auto layers = [](const std::string& nodes) {
+    return warnings(skin(" type=\"buttonskin\"", "<states><normal><layers>" + nodes + "</layers></normal></states>"));
+  };
+  const std::string props =
+      "<props>\n<star><prop-star extension=\"png\">" + bytes + "</prop-star></star></props></animation>";
+  EXPECT_EQ(layers("<animation uriprop=\"star\">" + props), "");
+  EXPECT_EQ(layers("<animation>" + props),
+            "page.xml:4: warning: <animation> has <props> but no \"uriprop\" that chooses one of them\n");
+  EXPECT_EQ(layers("<animation uriprop=\"moon\">" + props),
+            "page.xml:4: warning: <animation> uriprop=\"moon\": <props> has no such picture\n");
+  EXPECT_EQ(layers("<animation uriprop=\"a\"><props>\n<a/></props></animation>"),
+            "page.xml:5: warning: <a> of <props> has no picture <prop-a>\n");
+  EXPECT_EQ(layers("<text><shadow-rel-position x=\"-1\" y=\"-1\"/></text>"),
+            "page.xml:4: warning: <shadow-rel-position> shows no shadow: neither \"x\" nor \"y\" is above 0\n");
+  EXPECT_EQ(layers(repeat("<text/>", 101)),
+            "page.xml:4: warning: <normal> has 101 layers: only the first 100 are read\n");
+}
+
+TEST(Check, KnowsSkinsThatButtonsShare) {
+  const Folder folder;
+  const std::string bytes = host::toBase64(picture(folder, "8x6", "panel.png"));
+  const std::string first = skin(" type=\"buttonskin\" unique=\"7\"",
+                                 "<states><normal><layers><animation><attachment-bitmap extension=\"png\">" + bytes +
+                                     "</attachment-bitmap></animation></layers></normal></states>");
+  folder.write("page.xml", page(first + skin(" type=\"buttonskin\" unique=\"7\"")));
+  const test::Outcome outcome = check(folder, "page.xml");
+  EXPECT_THAT(outcome.output, StartsWith("page.xml: no errors, no warnings\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("  shared    1 skin, used 2 times\n"));
+  EXPECT_THAT(outcome.output, HasSubstr("    line 4: <state-button>: png 8x6, "));
+  EXPECT_EQ(errors(first + "\n" + skin(" type=\"shapeskin\" unique=\"7\"")),
+            "page.xml:5: error: unique=\"7\" is the type 'buttonskin' of line 4, but 'shapeskin' here; the module "
+            "refuses the page\n");
+  EXPECT_EQ(errors(first + "\n" + rectangle(" unique=\"7\" type=\"rectangle\"")),
+            "page.xml:5: error: unique=\"7\" is the type 'buttonskin' of line 4, but 'rectangle' here; the module "
+            "refuses the page\n");
+}
+
+TEST(Check, TellsSkinsThatHoldThemselves) {
+  EXPECT_EQ(errors(skin(" type=\"shapeskin\" unique=\"7\"",
+                        "<states><normal><layers>\n<custom><shape type=\"shapeskin\" unique=\"7\"/></custom>"
+                        "</layers></normal></states>")),
+            "page.xml:5: error: unique=\"7\" of line 4 contains itself; the module refuses the page\n");
 }
 
 TEST(Check, TellsNumbersSharedByDifferentTypes) {
