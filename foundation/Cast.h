@@ -40,4 +40,16 @@ T* cast(const P<U>& object) {
   return cast<T>(static_cast<IBase*>(object.get()));
 }
 
+/// For an object that is only read.
+template <class T, class U>
+const T* tryCast(const PC<U>& object) {
+  // The hook of the casts is made for objects that may change; the cast itself changes nothing.
+  return tryCast<T>(const_cast<IBase*>(static_cast<const IBase*>(object.get())), true);
+}
+
+template <class T, class U>
+const T* cast(const PC<U>& object) {
+  return cast<T>(const_cast<IBase*>(static_cast<const IBase*>(object.get())));
+}
+
 }  // namespace orlo

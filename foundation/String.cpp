@@ -52,8 +52,7 @@ String converted(const String& text) {
 
 int IString::compare(PC<IBase> other) const {
   if (!other) return 1;
-  // The checked casts are made for objects that may change; a text does not.
-  return compare(*cast<IString>(const_cast<IBase*>(other.get())));
+  return compare(*cast<IString>(other));
 }
 
 String::String() : text_(emptyString()) {}
