@@ -63,7 +63,7 @@ std::string_view prefixOf(char conversion) {
 
 }  // namespace
 
-CStringFormat::CStringFormat(const String& format) : format_(format), result_(*getUTF8CharEncoding()) {
+CStringFormat::CStringFormat(const String& format) : format_(format), result_(*getUTF16CharEncoding()) {
   parseOn();
 }
 

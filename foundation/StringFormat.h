@@ -44,7 +44,8 @@ public:
   CStringFormat& push(char32_t codePoint);
   CStringFormat& push(const CTextView& text);
 
-  /// The finished text. Throws CInvalidObjectStateError as long as a field waits for its value.
+  /// The finished text, in UTF-16, which loses no character of its parts. Throws CInvalidObjectStateError as long as a
+  /// field waits for its value.
   String getString() const;
 
 private:
