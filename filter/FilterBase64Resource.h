@@ -1,12 +1,11 @@
 #pragma once
 
+#include "filter/SubstitutePicture.h"
 #include "graphics/model/Base64Resources.h"
 
 #include <wx/bitmap.h>
-#include <wx/filename.h>
 
 #include <memory>
-#include <optional>
 
 namespace authfilter {
 
@@ -14,7 +13,7 @@ namespace authfilter {
 /// by the substitute picture "filenotfound.png" of the skin directory.
 class CFilterBase64Resource : public graphics::CBase64Resources {
 public:
-  explicit CFilterBase64Resource(const wxString& directory);
+  explicit CFilterBase64Resource(const wxString& directory) : substitute_(directory) {}
 
   /// An invalid bitmap, not null, if the substitute is gone too.
   std::unique_ptr<wxBitmap> ReadBitmap(const wxXmlNode& node, const wxString& name, wxFileName& file) override;
@@ -22,10 +21,7 @@ public:
                                              wxFileName& file) override;
 
 private:
-  std::unique_ptr<wxBitmap> LoadSubstitute();
-
-  wxFileName substituteFile_;
-  std::optional<wxBitmap> substitute_;
+  CSubstitutePicture substitute_;
 };
 
 }  // namespace authfilter

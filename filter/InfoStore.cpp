@@ -11,6 +11,8 @@ CInfoStore::~CInfoStore() {
   pixelAccess.reset();
   pageSurface.reset();
   pageBitmap.reset();
+  resourceStore = nullptr;
+  attachmentZip.reset();
   layers.clear();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "filter/FilterZipResource.h"
 #include "filter/Layer.h"
 #include "graphics/geometry/Transform.h"
 #include "graphics/paint/native/BitmapPixels.h"
@@ -7,6 +8,7 @@
 #include <wx/bitmap.h>
 #include <wx/string.h>
 #include <wx/xml/xml.h>
+#include <wx/zipstrm.h>
 
 #include <array>
 #include <cstdint>
@@ -61,6 +63,9 @@ struct CInfoStore {
   wxString animationBaseDir;
   wxString themeBaseDir;
   std::optional<graphics::CPixels> pixelAccess;
+  /// The archive of the parameter "attachments", which owns its file, and the store that reads it; null without one.
+  std::unique_ptr<wxZipInputStream> attachmentZip;
+  orlo::P<CFilterZipResource> resourceStore;
   const std::uint8_t* inputPixels = nullptr;
   std::int32_t inputStride = 0;
 

@@ -15,7 +15,12 @@ constexpr double kAspectTolerance = 0.2;
 
 orlo::P<graphics::CGraphicDocument> readDocument(const CInfoStore& store) {
   auto document = orlo::makeObject<graphics::CGraphicDocument>();
-  if (const wxXmlNode* root = store.pluginData->GetRoot()) {
+  const wxXmlNode* const root = store.pluginData->GetRoot();
+  if (!root) return document;
+  if (store.resourceStore) {
+    store.resourceStore->SetSkinPath(store.skinPath);
+    document->ReadFromXml(*root, *store.resourceStore);
+  } else {
     CFilterBase64Resource resources(store.skinPath);
     resources.SetUseFiles(true);
     document->ReadFromXml(*root, resources);

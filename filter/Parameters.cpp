@@ -1,5 +1,6 @@
 #include "filter/Parameters.h"
 
+#include "filter/Attachments.h"
 #include "filter/InfoStore.h"
 #include "foundation/PlatformNumber.h"
 #include "graphics/geometry/XmlParse.h"
@@ -62,6 +63,11 @@ bool setNumber(CInfoStore& store, const char*, const char* value) {
 }
 
 constexpr CParameter kParameters[] = {
+    {"attachments",
+     [](CInfoStore& store, const char*, const char* value) {
+       SetAttachments(store, value);
+       return true;
+     }},
     {"plugindata", setPluginData},
     {"skinpath", setText<&CInfoStore::skinPath>},
     {"state",

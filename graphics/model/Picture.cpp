@@ -26,15 +26,22 @@ namespace {
 
 bool IsWithin(const CPictureHeader& header, std::int64_t mostPixels) {
   return header.width <= kLargestBitmapEdge && header.height <= kLargestBitmapEdge &&
-         header.width * header.height <= std::min(mostPixels, kMaxPicturePixels);
+         header.width * header.height <= mostPixels;
+}
+
+std::vector<unsigned char> ReadFileBytes(const wxFileName& file) {
+  const wxLogNull quiet;
+  if (!file.FileExists()) return {};
+  wxFileInputStream stream(file.GetFullPath());
+  return stream.IsOk() ? ReadBytes(stream, kMaxResourceBytes) : std::vector<unsigned char>();
 }
 
 }  // namespace
 
-wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type, std::int64_t mostPixels) {
+wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type) {
   wxImage image;
   const auto header = FindPictureHeader(bytes);
-  if (!header || !IsWithin(*header, mostPixels)) return image;
+  if (!header || !IsWithin(*header, kMaxPicturePixels)) return image;
   if (type != wxBITMAP_TYPE_ANY && type != header->type) return image;
   const wxLogNull quiet;
   // The JPEG library would write of damage to the host's standard error.
@@ -48,12 +55,8 @@ wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type, std
   return image;
 }
 
-wxImage LoadPictureFile(const wxFileName& file, std::int64_t mostPixels) {
-  const wxLogNull quiet;
-  if (!file.FileExists()) return {};
-  wxFileInputStream stream(file.GetFullPath());
-  if (!stream.IsOk()) return {};
-  return LoadPicture(ReadBytes(stream, kMaxResourceBytes), wxBITMAP_TYPE_ANY, mostPixels);
+wxImage LoadPictureFile(const wxFileName& file) {
+  return LoadPicture(ReadFileBytes(file), wxBITMAP_TYPE_ANY);
 }
 
 std::unique_ptr<wxBitmap> MakeBitmap(const wxImage& image) {
@@ -62,16 +65,15 @@ std::unique_ptr<wxBitmap> MakeBitmap(const wxImage& image) {
 }
 
 std::unique_ptr<wxBitmap> CPictureReader::Read(std::span<const unsigned char> bytes, wxBitmapType type) {
-  return Count(LoadPicture(bytes, type, pixelsLeft_));
+  const auto header = FindPictureHeader(bytes);
+  if (!header || !IsWithin(*header, std::min(pixelsLeft_, kMaxPicturePixels))) return nullptr;
+  // Damaged ones too: they may take as long.
+  pixelsLeft_ -= header->width * header->height;
+  return MakeBitmap(LoadPicture(bytes, type));
 }
 
 std::unique_ptr<wxBitmap> CPictureReader::ReadFile(const wxFileName& file) {
-  return Count(LoadPictureFile(file, pixelsLeft_));
-}
-
-std::unique_ptr<wxBitmap> CPictureReader::Count(const wxImage& image) {
-  if (image.IsOk()) pixelsLeft_ -= std::int64_t{image.GetWidth()} * image.GetHeight();
-  return MakeBitmap(image);
+  return Read(ReadFileBytes(file), wxBITMAP_TYPE_ANY);
 }
 
 std::vector<unsigned char> ReadBytes(wxInputStream& stream, std::size_t limit) {

@@ -27,10 +27,9 @@ wxBitmapType PictureTypeOf(const wxString& extension);
 
 /// A picture in one of the formats of PictureHeader.h. Not ok if it is damaged, too large, or not of the type, where a
 /// type is given. The header is looked at before any memory is taken.
-wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type,
-                    std::int64_t mostPixels = kMaxPicturePixels);
+wxImage LoadPicture(std::span<const unsigned char> bytes, wxBitmapType type);
 /// A picture of any of the types. Not ok if there is no such file.
-wxImage LoadPictureFile(const wxFileName& file, std::int64_t mostPixels = kMaxPicturePixels);
+wxImage LoadPictureFile(const wxFileName& file);
 
 /// Null if the image is not ok.
 std::unique_ptr<wxBitmap> MakeBitmap(const wxImage& image);
@@ -42,8 +41,6 @@ public:
   std::unique_ptr<wxBitmap> ReadFile(const wxFileName& file);
 
 private:
-  std::unique_ptr<wxBitmap> Count(const wxImage& image);
-
   std::int64_t pixelsLeft_ = kMaxStorePixels;
 };
 

@@ -65,6 +65,8 @@ MFILTER_API int32_t MFILTER_CALL mfilter_releaseInfoStore(void* handle);
  * Sets one parameter. Both texts are zero-terminated and copied. Returns 0, or -1 and a message behind
  * mfilter_getLastError. Keys, compared with case:
  *   plugindata             the page's XML, as base64 text without padding: "=" counts as a letter
+ *   attachments            URI or path of a zip archive that the page's pictures and texts lie in; it is read at
+ *                          mfilter_open, and what cannot be had of it counts as missing
  *   skinpath               folder of skins and of the picture "filenotfound.png", UTF-8
  *   state                  name of the state that action buttons show, UTF-8
  *   noalpha                a number; other than 0: no input, the page lies on black
