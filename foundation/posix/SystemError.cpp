@@ -1,6 +1,7 @@
 #include "foundation/posix/SystemError.h"
 
 #include "foundation/Error.h"
+#include "foundation/Pathes.h"
 
 #include <cerrno>
 #include <cstring>
@@ -8,15 +9,6 @@
 namespace orlo {
 
 namespace {
-
-class CPathText : public CObject, public IURI {
-public:
-  explicit CPathText(const String& path) : path_(path) {}
-  String toString() const override { return path_; }
-
-private:
-  String path_;
-};
 
 // In English whatever the locale is; empty for a code that the system doesn't know.
 String systemText(int code) {
@@ -29,7 +21,7 @@ String systemText(int code) {
 void throwSystemError(int code, const String& message, const String& path) {
   if (code == ENOENT || code == ENOTDIR) {
     if (path.isEmpty()) throw CFileNotFoundError();
-    throw CFileNotFoundError(makeObject<CPathText>(path));
+    throw CFileNotFoundError(getPathes()->pathToURI(path));
   }
   if (message.isNull()) throw CError(systemText(code));
   throw CError(message.replace("%ERRORDESC%", systemText(code)));

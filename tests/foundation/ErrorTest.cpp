@@ -1,7 +1,6 @@
 #include "foundation/Cast.h"
 #include "foundation/Error.h"
 #include "tests/foundation/Counted.h"
-#include "tests/foundation/Location.h"
 #include "tests/foundation/TextOf.h"
 
 #include <gtest/gtest.h>
@@ -140,7 +139,7 @@ TEST(MethodNotImplementedError, NamesTheMethod) {
 }
 
 TEST(URIError, FillsInTheLocation) {
-  const P<CLocation> uri = makeObject<CLocation>("file:///a.xml");
+  const P<IURI> uri = createURI("file:///a.xml");
   const CURIError error("bad %URI%: %URI%", "title", uri);
   EXPECT_EQ(titleOf(error), "title");
   EXPECT_EQ(messageOf(error), "bad file:///a.xml: file:///a.xml");
@@ -152,7 +151,7 @@ TEST(URIError, SaysThatTheLocationIsUnknownIfItIsNull) {
 }
 
 TEST(URIError, TakesTheDefaultsForNullTexts) {
-  const CFileError error(kNull, kNull, makeObject<CLocation>("x"));
+  const CFileError error(kNull, kNull, createURI("x"));
   EXPECT_EQ(titleOf(error), "Error");
   EXPECT_EQ(messageOf(error), "Unspecified error");
 }
@@ -164,7 +163,7 @@ TEST(FileNotFoundError, IsGeneralWithoutALocation) {
 }
 
 TEST(FileNotFoundError, PutsTheLocationBetweenQuotes) {
-  const P<CLocation> uri = makeObject<CLocation>(u"/映画 \U0001F3AC/menü.xml");
+  const P<IURI> uri = createURI(u"/映画 \U0001F3AC/menü.xml");
   EXPECT_EQ(messageOf(CFileNotFoundError(uri)), "The file '/映画 \U0001F3AC/menü.xml' was not found.");
   EXPECT_TRUE(CFileNotFoundError(uri).getURI() == uri);
 }
@@ -196,7 +195,7 @@ void expectCloned(const T& error) {
 
 TEST(ErrorClone, IsOfTheSameClassWithTheSameTexts) {
   CFoo foo;
-  const P<CLocation> uri = makeObject<CLocation>("x");
+  const P<IURI> uri = createURI("x");
   expectCloned(CException("text", "title"));
   expectCloned(CError("text", "title"));
   expectCloned(CNoSuchObjectError());

@@ -21,7 +21,7 @@ std::string messageThrown(int code, const String& message, const String& path = 
 TEST(SystemError, OfAPathThatLeadsNowhereIsAFileNotFound) {
   for (const int code : {ENOENT, ENOTDIR}) {
     EXPECT_EQ(messageThrown<CFileNotFoundError>(code, "any %ERRORDESC%", u8"/tmp/menü"),
-              "The file '/tmp/menü' was not found.");
+              "The file 'file:///tmp/men%C3%BC' was not found.");
     EXPECT_EQ(messageThrown<CFileNotFoundError>(code, "any %ERRORDESC%"), "The file was not found.");
     EXPECT_EQ(messageThrown<CFileNotFoundError>(code, nullptr, nullptr), "The file was not found.");
   }

@@ -1,0 +1,200 @@
+#include "foundation/URI.h"
+
+#include "foundation/Cast.h"
+#include "foundation/Error.h"
+#include "foundation/URIEscape.h"
+#include "foundation/URIText.h"
+
+#include <list>
+#include <string>
+
+namespace orlo {
+
+namespace {
+
+using uri::Part;
+using uri::View;
+
+constexpr const wchar_t* kAuthorityCharacters = L";:,&=+$@[]";
+constexpr const wchar_t* kHostCharacters = L":[]";
+constexpr const wchar_t* kUserInfoCharacters = L";:,&=+$";
+constexpr const wchar_t* kPathCharacters = L";:,/@&=+$";
+constexpr const wchar_t* kQueryCharacters = L";:,/?@&=+$";
+constexpr const wchar_t* kFragmentCharacters = L";:,/?@&=+$";
+
+/// The position behind that many units. A pair of surrogates is one character.
+CStringPos positionOf(const String& text, View whole, std::size_t units) {
+  std::size_t pairs = 0;
+  if (text.length() != static_cast<int>(whole.size()))
+    for (std::size_t i = 1; i < units; ++i) pairs += (whole[i - 1] & 0xFC00) == 0xD800 && (whole[i] & 0xFC00) == 0xDC00;
+  return {static_cast<int>(units - pairs), static_cast<int>(units * sizeof(char16_t))};
+}
+
+/// A part of the text's own units.
+String sliceOf(const String& text, View part) {
+  const View whole = uri::unitsOf(text);
+  if (part.empty()) return {};
+  if (part.size() == whole.size()) return text;
+  const auto start = static_cast<std::size_t>(part.data() - whole.data());
+  return text.substring(positionOf(text, whole, start), positionOf(text, whole, start + part.size()));
+}
+
+String sliceOf(const String& text, const Part& part) {
+  return part ? sliceOf(text, *part) : String(nullptr);
+}
+
+std::int32_t portOf(View text) {
+  std::uint32_t port = 0;
+  for (const char16_t unit : text) {
+    if (unit < '0' || unit > '9') throw CParseError("Error parsing integer.");
+    port = port * 10 + (unit - u'0');
+  }
+  return static_cast<std::int32_t>(port);
+}
+
+/// Keeps the texts that the parts of a composition refer to.
+class CComposer {
+public:
+  void add(Part& part, const String& text) {
+    if (!text.isNull()) part = uri::unitsOf(*texts_.insert(texts_.end(), uri::toWideText(text)));
+  }
+  void add(Part& part, const String& text, const wchar_t* allowed) {
+    if (!text.isNull()) add(part, uriEscape(text, allowed));
+  }
+  String compose() const { return uri::fromUnits(uri::compose(parts)); }
+
+  uri::CParts parts;
+
+private:
+  std::list<String> texts_;
+};
+
+String composed(const String& scheme, const String& schemeSpecificPart) {
+  CComposer composer;
+  composer.add(composer.parts.scheme, scheme);
+  Part rest;
+  composer.add(rest, schemeSpecificPart);
+  composer.parts.schemeSpecificPart = rest.value_or(View());
+  return composer.compose();
+}
+
+void addBehindAuthority(CComposer& composer, const String& scheme, const String& path, const String& query,
+                        const String& fragment) {
+  composer.parts.hierarchical = true;
+  composer.add(composer.parts.scheme, scheme);
+  composer.add(composer.parts.path, path, kPathCharacters);
+  composer.add(composer.parts.query, query, kQueryCharacters);
+  composer.add(composer.parts.fragment, fragment, kFragmentCharacters);
+}
+
+String composed(const String& scheme, const String& authority, const String& path, const String& query,
+                const String& fragment) {
+  CComposer composer;
+  addBehindAuthority(composer, scheme, path, query, fragment);
+  composer.add(composer.parts.authority, authority, kAuthorityCharacters);
+  return composer.compose();
+}
+
+String authorityOf(const String& host, std::int32_t port, const String& userInfo) {
+  if (host.isNull()) return nullptr;
+  String authority = userInfo.isNull() ? String(u"") : uriEscape(userInfo, kUserInfoCharacters) + "@";
+  authority += uriEscape(host, kHostCharacters);
+  return port < 0 ? authority : authority + ":" + std::to_string(port).c_str();
+}
+
+String composed(const String& scheme, const String& host, std::int32_t port, const String& userInfo, const String& path,
+                const String& query, const String& fragment) {
+  CComposer composer;
+  addBehindAuthority(composer, scheme, path, query, fragment);
+  composer.add(composer.parts.authority, authorityOf(host, port, userInfo));
+  return composer.compose();
+}
+
+}  // namespace
+
+CURI::CComponent CURI::componentOf(const String& text, const Part& part) {
+  if (!part) return {};
+  const String raw = sliceOf(text, *part);
+  if (part->find(u'%') == View::npos) return {raw, raw};
+  return {raw, uri::fromUnits(uri::unescape(*part))};
+}
+
+CURI::CURI(const String& text) {
+  const String given = text.isNull() ? String(u"") : uri::toWideText(text);
+  uri::CParts parts = uri::split(uri::unitsOf(given));
+  if (parts.path && uri::hasDotSegments(*parts.path)) {
+    const std::u16string path = uri::withoutDotSegments(*parts.path);
+    parts.path = path;
+    takeComposed(parts);
+  } else {
+    take(parts, given);
+  }
+  components_.schemeSpecificPart = componentOf(given, parts.schemeSpecificPart);
+}
+
+CURI::CURI(const String& scheme, const String& schemeSpecificPart) : CURI(composed(scheme, schemeSpecificPart)) {}
+
+CURI::CURI(const String& scheme, const String& authority, const String& path, const String& query,
+           const String& fragment)
+    : CURI(composed(scheme, authority, path, query, fragment)) {}
+
+CURI::CURI(const String& scheme, const String& host, std::int32_t port, const String& userInfo, const String& path,
+           const String& query, const String& fragment)
+    : CURI(composed(scheme, host, port, userInfo, path, query, fragment)) {}
+
+CURI::CURI(const uri::CParts& parts) {
+  takeComposed(parts);
+}
+
+CURI::CURI(const CURI& other) : CObject(), IURI(), text_(other.text_), components_(other.components_) {}
+
+void CURI::takeComposed(const uri::CParts& parts) {
+  const String text = uri::fromUnits(uri::compose(parts));
+  const uri::CParts own = uri::placed(parts, uri::unitsOf(text));
+  take(own, text);
+  components_.schemeSpecificPart = componentOf(text, own.schemeSpecificPart);
+}
+
+void CURI::take(const uri::CParts& parts, const String& text) {
+  text_ = text;
+  components_.relative = !parts.scheme;
+  components_.hierarchical = parts.hierarchical;
+  components_.scheme = sliceOf(text, parts.scheme);
+  components_.authority = componentOf(text, parts.authority);
+  if (parts.authority) takeAuthority(*parts.authority, text);
+  components_.path = componentOf(text, parts.path);
+  if (parts.path) takePath(*parts.path, text);
+  components_.query = componentOf(text, parts.query);
+  components_.fragment = componentOf(text, parts.fragment);
+}
+
+void CURI::takeAuthority(View authority, const String& text) {
+  const uri::CAuthority parts = uri::splitAuthority(authority);
+  components_.userInfo = componentOf(text, parts.userInfo);
+  components_.host = sliceOf(text, parts.host);
+  components_.portText = sliceOf(text, parts.port);
+  if (parts.port) components_.port = portOf(*parts.port);
+}
+
+void CURI::takePath(View path, const String& text) {
+  const View folder = uri::folderOf(path);
+  const View name = path.substr(folder.size());
+  if (!folder.empty()) components_.folder = componentOf(text, folder);
+  if (name.empty()) return;
+  components_.fileName = componentOf(text, name);
+  const std::size_t dot = name.rfind(u'.');
+  components_.baseName = componentOf(text, name.substr(0, dot));
+  if (dot != View::npos) components_.extension = componentOf(text, name.substr(dot + 1));
+}
+
+int CURI::compare(PC<IBase> other) const {
+  if (!other) return 1;
+  // The checked casts are made for objects that may change; a location does not.
+  return text_.compare(cast<IURI>(const_cast<IBase*>(other.get()))->getDescription());
+}
+
+bool operator==(const IURI& left, const IURI& right) {
+  return left.getDescription() == right.getDescription();
+}
+
+}  // namespace orlo
