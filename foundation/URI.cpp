@@ -1,7 +1,7 @@
 #include "foundation/URI.h"
 
 #include "foundation/Cast.h"
-#include "foundation/Error.h"
+#include "foundation/NumberText.h"
 #include "foundation/URIEscape.h"
 #include "foundation/URIText.h"
 
@@ -41,15 +41,6 @@ String sliceOf(const String& text, View part) {
 
 String sliceOf(const String& text, const Part& part) {
   return part ? sliceOf(text, *part) : String(nullptr);
-}
-
-std::int32_t portOf(View text) {
-  std::uint32_t port = 0;
-  for (const char16_t unit : text) {
-    if (unit < '0' || unit > '9') throw CParseError("Error parsing integer.");
-    port = port * 10 + (unit - u'0');
-  }
-  return static_cast<std::int32_t>(port);
 }
 
 /// Keeps the texts that the parts of a composition refer to.
@@ -99,7 +90,7 @@ String authorityOf(const String& host, std::int32_t port, const String& userInfo
   if (host.isNull()) return nullptr;
   String authority = userInfo.isNull() ? String(u"") : uriEscape(userInfo, kUserInfoCharacters) + "@";
   authority += uriEscape(host, kHostCharacters);
-  return port < 0 ? authority : authority + ":" + std::to_string(port).c_str();
+  return port < 0 ? authority : authority + ":" + intToString(port);
 }
 
 String composed(const String& scheme, const String& host, std::int32_t port, const String& userInfo, const String& path,
@@ -173,7 +164,7 @@ void CURI::takeAuthority(View authority, const String& text) {
   components_.userInfo = componentOf(text, parts.userInfo);
   components_.host = sliceOf(text, parts.host);
   components_.portText = sliceOf(text, parts.port);
-  if (parts.port) components_.port = portOf(*parts.port);
+  if (parts.port) components_.port = parseInt(components_.portText);
 }
 
 void CURI::takePath(View path, const String& text) {

@@ -119,6 +119,8 @@ P<IURI> CURI::makeRelative(const PC<IURI>& base) const {
   const CRawParts document(*base);
   for (const std::u16string& path :
        relativeForms(own.parts.path.value_or(View()), document.parts.path.value_or(View()))) {
+    // That would begin with an authority.
+    if (path.starts_with(u"//")) continue;
     parts.path = path;
     const P<IURI> result = createURI(uri::fromUnits(uri::compose(parts)));
     if (meansThis(result)) return result;
