@@ -84,6 +84,11 @@ String operator+(const String& left, const CTextView& right) {
   return result.build();
 }
 
+String asString(const PC<IBase>& object) {
+  // A text never changes, so it may be held as one that could.
+  return P<IString>(const_cast<IString*>(cast<IString>(object)));
+}
+
 String fromUTF8(std::string_view utf8) {
   if (utf8.size() > std::numeric_limits<int>::max()) throw std::length_error("text of 2 GiB or more");
   P<IString> result;

@@ -79,6 +79,9 @@ private:
   P<IString> text_;
 };
 
+/// The text that the object is, as enumerators of names hand it out. Null gives the null string, an object that is no
+/// text throws CCastError.
+String asString(const PC<IBase>& object);
 /// A copy of bytes in UTF-8.
 String fromUTF8(std::string_view utf8);
 /// The bytes of toUTF8.

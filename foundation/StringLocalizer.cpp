@@ -4,15 +4,11 @@
 
 namespace orlo {
 
-bool CStringLocalizer::CByCodePoints::operator()(const String& a, const String& b) const {
-  return a.compare(b) < 0;
-}
-
 CStringLocalizer::CStringLocalizer() : mutex_(getMutexFactory()->createMutex()) {}
 
 void CStringLocalizer::clear() {
   CMutexLock lock(mutex_);
-  texts_.clear();
+  texts_.removeAll();
 }
 
 void CStringLocalizer::setFallback(IStringLocalizer* next) {
@@ -21,13 +17,13 @@ void CStringLocalizer::setFallback(IStringLocalizer* next) {
 
 void CStringLocalizer::setText(const String& key, const String& text) {
   CMutexLock lock(mutex_);
-  texts_.insert_or_assign(key, text);
+  texts_.setString(key, text);
 }
 
 String CStringLocalizer::localize(const String& key, const String& defaultText) {
   CMutexLock lock(mutex_);
-  const auto text = texts_.find(key);
-  if (text != texts_.end() && !text->second.isNull()) return text->second;
+  const String text = texts_.getString(key, nullptr);
+  if (!text.isNull()) return text;
   return fallback_ ? fallback_->localize(key, defaultText) : defaultText;
 }
 

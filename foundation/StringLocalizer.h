@@ -2,9 +2,7 @@
 
 #include "foundation/Mutex.h"
 #include "foundation/Object.h"
-#include "foundation/String.h"
-
-#include <map>
+#include "foundation/ValueList.h"
 
 namespace orlo {
 
@@ -31,11 +29,7 @@ public:
   String localize(const String& key, const String& defaultText) override;
 
 private:
-  struct CByCodePoints {
-    bool operator()(const String& a, const String& b) const;
-  };
-
-  std::map<String, String, CByCodePoints> texts_;
+  CValueList texts_{true};
   P<IStringLocalizer> fallback_;
   P<IMutex> mutex_;
 };
