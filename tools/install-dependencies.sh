@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(
   g++ cmake ninja-build ccache pkg-config python3
-  libwxgtk3.2-dev libcairo2-dev libpango1.0-dev libexpat1-dev libxml2-dev libglib2.0-dev zlib1g-dev
+  libwxgtk3.2-dev libcairo2-dev libpango1.0-dev libexpat1-dev libtinyxml-dev libxml2-dev libglib2.0-dev zlib1g-dev
   libavformat-dev libavcodec-dev libavutil-dev libswscale-dev libavfilter-dev
   libcli11-dev libboost-dev libgtest-dev libgmock-dev libbenchmark-dev
   fonts-dejavu-core locales unicode-data ffmpeg libxml2-utils binutils clang-format zip
