@@ -2,6 +2,7 @@
 
 #include "foundation/Cast.h"
 #include "foundation/NumberText.h"
+#include "foundation/StringSlice.h"
 #include "foundation/URIEscape.h"
 #include "foundation/URIText.h"
 
@@ -30,17 +31,15 @@ CStringPos positionOf(const String& text, View whole, std::size_t units) {
   return {static_cast<int>(units - pairs), static_cast<int>(units * sizeof(char16_t))};
 }
 
-/// A part of the text's own units.
-String sliceOf(const String& text, View part) {
+/// A part of the text's own units; null if there is none.
+P<IString> sliceOf(const String& text, const Part& part) {
+  if (!part) return nullptr;
+  if (part->empty()) return String().getObject();
   const View whole = uri::unitsOf(text);
-  if (part.empty()) return {};
-  if (part.size() == whole.size()) return text;
-  const auto start = static_cast<std::size_t>(part.data() - whole.data());
-  return text.substring(positionOf(text, whole, start), positionOf(text, whole, start + part.size()));
-}
-
-String sliceOf(const String& text, const Part& part) {
-  return part ? sliceOf(text, *part) : String(nullptr);
+  if (part->size() == whole.size()) return text.getObject();
+  const auto start = static_cast<std::size_t>(part->data() - whole.data());
+  return makeObject<CStringSlice>(*text.getObject(), positionOf(text, whole, start),
+                                  positionOf(text, whole, start + part->size()));
 }
 
 /// Keeps the texts that the parts of a composition refer to.
@@ -104,10 +103,10 @@ String composed(const String& scheme, const String& host, std::int32_t port, con
 }  // namespace
 
 CURI::CComponent CURI::componentOf(const String& text, const Part& part) {
-  if (!part) return {};
-  const String raw = sliceOf(text, *part);
-  if (part->find(u'%') == View::npos) return {raw, raw};
-  return {raw, uri::fromUnits(uri::unescape(*part))};
+  CComponent result;
+  result.raw = sliceOf(text, part);
+  if (part && part->find(u'%') != View::npos) result.other = uri::unescape(*part).getObject();
+  return result;
 }
 
 CURI::CURI(const String& text) {
@@ -164,7 +163,7 @@ void CURI::takeAuthority(View authority, const String& text) {
   components_.userInfo = componentOf(text, parts.userInfo);
   components_.host = sliceOf(text, parts.host);
   components_.portText = sliceOf(text, parts.port);
-  if (parts.port) components_.port = parseInt(components_.portText);
+  if (parts.port) components_.port = parseInt(*components_.portText);
 }
 
 void CURI::takePath(View path, const String& text) {

@@ -113,43 +113,43 @@ public:
   int compare(PC<IBase> other) const override;
 
   String getScheme() const override { return components_.scheme; }
-  bool hasScheme() const override { return !getScheme().isNull(); }
-  String getSchemeSpecificPart() const override { return components_.schemeSpecificPart.decoded; }
-  String getRawSchemeSpecificPart() const override { return components_.schemeSpecificPart.raw; }
+  bool hasScheme() const override { return components_.scheme.get() != nullptr; }
+  String getSchemeSpecificPart() const override { return components_.schemeSpecificPart.getDecoded(); }
+  String getRawSchemeSpecificPart() const override { return components_.schemeSpecificPart.getRaw(); }
   bool hasSchemeSpecificPart() const override { return components_.schemeSpecificPart.isThere(); }
-  String getAuthority() const override { return components_.authority.decoded; }
-  String getRawAuthority() const override { return components_.authority.raw; }
+  String getAuthority() const override { return components_.authority.getDecoded(); }
+  String getRawAuthority() const override { return components_.authority.getRaw(); }
   bool hasAuthority() const override { return components_.authority.isThere(); }
-  String getUserInfo() const override { return components_.userInfo.decoded; }
-  String getRawUserInfo() const override { return components_.userInfo.raw; }
+  String getUserInfo() const override { return components_.userInfo.getDecoded(); }
+  String getRawUserInfo() const override { return components_.userInfo.getRaw(); }
   bool hasUserInfo() const override { return components_.userInfo.isThere(); }
   String getHost() const override { return components_.host; }
   String getRawHost() const override { return components_.host; }
-  bool hasHost() const override { return !components_.host.isNull(); }
+  bool hasHost() const override { return components_.host.get() != nullptr; }
   String getPortText() const override { return components_.portText; }
   String getRawPortText() const override { return components_.portText; }
-  bool hasPortText() const override { return !components_.portText.isNull(); }
+  bool hasPortText() const override { return components_.portText.get() != nullptr; }
   std::int32_t getPort() const override { return components_.port; }
-  String getPath() const override { return components_.path.decoded; }
-  String getRawPath() const override { return components_.path.raw; }
+  String getPath() const override { return components_.path.getDecoded(); }
+  String getRawPath() const override { return components_.path.getRaw(); }
   bool hasPath() const override { return components_.path.isThere(); }
-  String getFileName() const override { return components_.fileName.decoded; }
-  String getRawFileName() const override { return components_.fileName.raw; }
+  String getFileName() const override { return components_.fileName.getDecoded(); }
+  String getRawFileName() const override { return components_.fileName.getRaw(); }
   bool hasFileName() const override { return components_.fileName.isThere(); }
-  String getBaseName() const override { return components_.baseName.decoded; }
-  String getRawBaseName() const override { return components_.baseName.raw; }
+  String getBaseName() const override { return components_.baseName.getDecoded(); }
+  String getRawBaseName() const override { return components_.baseName.getRaw(); }
   bool hasBaseName() const override { return components_.baseName.isThere(); }
-  String getExtension() const override { return components_.extension.decoded; }
-  String getRawExtension() const override { return components_.extension.raw; }
+  String getExtension() const override { return components_.extension.getDecoded(); }
+  String getRawExtension() const override { return components_.extension.getRaw(); }
   bool hasExtension() const override { return components_.extension.isThere(); }
-  String getFolder() const override { return components_.folder.decoded; }
-  String getRawFolder() const override { return components_.folder.raw; }
+  String getFolder() const override { return components_.folder.getDecoded(); }
+  String getRawFolder() const override { return components_.folder.getRaw(); }
   bool hasFolder() const override { return components_.folder.isThere(); }
-  String getQuery() const override { return components_.query.decoded; }
-  String getRawQuery() const override { return components_.query.raw; }
+  String getQuery() const override { return components_.query.getDecoded(); }
+  String getRawQuery() const override { return components_.query.getRaw(); }
   bool hasQuery() const override { return components_.query.isThere(); }
-  String getFragment() const override { return components_.fragment.decoded; }
-  String getRawFragment() const override { return components_.fragment.raw; }
+  String getFragment() const override { return components_.fragment.getDecoded(); }
+  String getRawFragment() const override { return components_.fragment.getRaw(); }
   bool hasFragment() const override { return components_.fragment.isThere(); }
 
   bool isAbsolute() const override { return !components_.relative; }
@@ -163,18 +163,22 @@ public:
   String toFileURI() const override;
 
 private:
+  // Null pointers make null strings, and cost nothing as long as nobody asks.
   struct CComponent {
-    String raw = nullptr;
-    String decoded = nullptr;
-    bool isThere() const { return !raw.isNull(); }
+    P<IString> raw;
+    /// Null where there is nothing to decode.
+    P<IString> other;
+    bool isThere() const { return raw.get() != nullptr; }
+    String getRaw() const { return raw; }
+    String getDecoded() const { return other ? other : raw; }
   };
   struct CComponents {
-    String scheme = nullptr;
+    P<IString> scheme;
     CComponent schemeSpecificPart;
     CComponent authority;
     CComponent userInfo;
-    String host = nullptr;
-    String portText = nullptr;
+    P<IString> host;
+    P<IString> portText;
     std::int32_t port = -1;
     CComponent path;
     CComponent fileName;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cwchar>
 #include <limits>
+#include <memory>
 #include <stdexcept>
 
 namespace orlo {
@@ -26,18 +27,42 @@ bool isAllowed(char32_t codePoint, const wchar_t* allowed) {
   return allowed && codePoint != 0 && std::wcschr(allowed, static_cast<wchar_t>(codePoint)) != nullptr;
 }
 
+/// The text that write(units) puts into the room for that many units; it answers how many it has written.
+template <class Write>
+String written(std::size_t most, Write write) {
+  if (most > std::numeric_limits<int>::max() / sizeof(char16_t) - 1) throw std::length_error("text of 2 GiB or more");
+  auto bytes = std::make_unique_for_overwrite<unsigned char[]>((most + 1) * sizeof(char16_t));
+  auto* units = reinterpret_cast<char16_t*>(bytes.get());
+  const std::size_t size = write(units);
+  units[size] = 0;
+  char16_t surrogates = 0;
+  for (std::size_t i = 0; i < size; ++i) surrogates |= static_cast<char16_t>((units[i] & 0xF800) == 0xD800);
+  P<IString> result;
+  result.attach(new CWCharString(units, CString::Storage::adopt, static_cast<int>(size * sizeof(char16_t)), true,
+                                 surrogates ? -1 : static_cast<int>(size)));
+  static_cast<void>(bytes.release());
+  return result;
+}
+
 void appendByte(std::u16string& result, unsigned char byte) {
   constexpr char16_t kDigits[] = u"0123456789ABCDEF";
   result += {u'%', kDigits[byte >> 4], kDigits[byte & 0xF]};
 }
 
-void appendCharacter(std::u16string& result, char32_t codePoint) {
+/// Answers the place behind the character.
+char16_t* write(char32_t codePoint, char16_t* place) {
   if (codePoint < 0x10000) {
-    result += static_cast<char16_t>(codePoint);
+    *place++ = static_cast<char16_t>(codePoint);
   } else {
-    result += static_cast<char16_t>(0xD7C0 + (codePoint >> 10));
-    result += static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
+    *place++ = static_cast<char16_t>(0xD7C0 + (codePoint >> 10));
+    *place++ = static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
   }
+  return place;
+}
+
+void appendCharacter(std::u16string& result, char32_t codePoint) {
+  char16_t units[2];
+  result.append(units, write(codePoint, units));
 }
 
 /// Calls onCharacter with each code point, onByte with each byte of a UTF-8 text that is no part of one.
@@ -87,22 +112,26 @@ String toWideText(const String& text) {
   if (text.isNull()) return toWide(text);
   if (text.hasEncoding(kUTF16Tag) && reinterpret_cast<std::uintptr_t>(text.getData()) % alignof(char16_t) == 0)
     return text;
+  const CTextView view = text.view();
+  const bool hasLatin1 = text.hasEncoding(kLatin1Tag);
+  if (hasLatin1 || (text.hasEncoding(kUTF8Tag) && view.length == view.byteSize)) {
+    // Each byte is a character.
+    const auto size = static_cast<std::size_t>(view.byteSize);
+    return written(size, [&](char16_t* units) {
+      std::copy_n(view.data, size, units);
+      return size;
+    });
+  }
   std::u16string units;
-  units.reserve(static_cast<std::size_t>(text.getByteSize()));
+  units.reserve(static_cast<std::size_t>(view.byteSize));
   walk(
-      text, [&](char32_t codePoint) { appendCharacter(units, codePoint); },
+      view, [&](char32_t codePoint) { appendCharacter(units, codePoint); },
       [&](unsigned char byte) { appendByte(units, byte); });
   return fromUnits(units);
 }
 
 String fromUnits(std::u16string_view text) {
-  if (text.size() > std::numeric_limits<int>::max() / sizeof(char16_t))
-    throw std::length_error("text of 2 GiB or more");
-  const bool surrogates =
-      std::any_of(text.begin(), text.end(), [](char16_t unit) { return (unit & 0xF800) == 0xD800; });
-  const int size = static_cast<int>(text.size());
-  return P<IString>(
-      makeObject<CWCharString>(text.data(), CString::Storage::copy, size * 2, true, surrogates ? -1 : size));
+  return written(text.size(), [text](char16_t* units) { return text.copy(units, text.size()); });
 }
 
 std::u16string_view unitsOf(const String& text) {
@@ -125,19 +154,17 @@ std::size_t appendUTF8(std::string& bytes, std::u16string_view text) {
   return pair ? 2 : 1;
 }
 
-std::u16string unescape(std::u16string_view text) {
-  std::u16string result;
-  result.reserve(text.size());
-  for (std::size_t pos = 0; pos < text.size();) {
-    char32_t codePoint = 0;
-    const std::size_t count = readEscaped(codePoint, text, pos);
-    if (count > 0)
-      appendCharacter(result, codePoint);
-    else
-      result += text[pos];
-    pos += count > 0 ? count * kEscapeLength : 1;
-  }
-  return result;
+String unescape(std::u16string_view text) {
+  return written(text.size(), [text](char16_t* units) {
+    char16_t* place = units;
+    for (std::size_t pos = 0; pos < text.size();) {
+      char32_t codePoint = 0;
+      const std::size_t count = text[pos] == u'%' ? readEscaped(codePoint, text, pos) : 0;
+      place = count > 0 ? write(codePoint, place) : &(*place = text[pos]) + 1;
+      pos += count > 0 ? count * kEscapeLength : 1;
+    }
+    return static_cast<std::size_t>(place - units);
+  });
 }
 
 }  // namespace uri
@@ -164,7 +191,7 @@ String uriUnescape(const String& text) {
   const String wide = uri::toWideText(text);
   const std::u16string_view units = uri::unitsOf(wide);
   if (units.find(u'%') == std::u16string_view::npos) return wide;
-  return uri::fromUnits(uri::unescape(units));
+  return uri::unescape(units);
 }
 
 }  // namespace orlo

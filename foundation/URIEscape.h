@@ -30,7 +30,7 @@ int escapedByteAt(std::u16string_view text, std::size_t pos);
 /// Appends the first character of the text in UTF-8; answers how many units it takes.
 std::size_t appendUTF8(std::string& bytes, std::u16string_view text);
 
-std::u16string unescape(std::u16string_view text);
+String unescape(std::u16string_view text);
 
 }  // namespace uri
 

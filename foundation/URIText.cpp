@@ -6,7 +6,10 @@ namespace {
 
 /// The front of the text up to the first of the delimiters, or all of it; the text begins behind that then.
 View takeUntil(View& text, View delimiters) {
-  const View front = text.substr(0, text.find_first_of(delimiters));
+  std::size_t size = 0;
+  // Letters come behind all delimiters.
+  while (size < text.size() && (text[size] > u'@' || delimiters.find(text[size]) == View::npos)) ++size;
+  const View front = text.substr(0, size);
   text.remove_prefix(front.size());
   return front;
 }
