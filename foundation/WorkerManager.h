@@ -30,7 +30,7 @@ public:
 /// The greatest common divisor of two intervals; 1 if one of them is not above 0.
 std::int32_t gcdOfIntervals(std::int32_t a, std::int32_t b);
 
-class CWorkerManager : public CObject, public IWorker, public IWorkerManager {
+class CWorkerManager : public CObject, public virtual IWorker, public virtual IWorkerManager {
 public:
   /// By the clock of the process, or by another.
   CWorkerManager();

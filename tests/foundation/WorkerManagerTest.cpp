@@ -1,7 +1,7 @@
 #include "foundation/Error.h"
 #include "foundation/WorkerManager.h"
 #include "foundation/posix/TimeManager.h"
-#include "tests/foundation/Counted.h"
+#include "tests/foundation/TestWorker.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,30 +23,6 @@ public:
   std::int64_t getMicroseconds() override { return now * 1000; }
 
   std::int64_t now = 1000000;
-};
-
-class CTestWorker : public CCounted, public IWorker {
-public:
-  CTestWorker(std::int32_t interval, std::function<void()> action) : interval_(interval), action_(std::move(action)) {}
-
-  std::int32_t getInterval() override { return interval_; }
-  std::int64_t getNextCallTime() override { return next_; }
-  void setNextCallTime(std::int64_t time) override { next_ = time; }
-  bool isRunning() override { return running_; }
-  void work() override {
-    running_ = true;
-    struct CEnd {
-      bool& running;
-      ~CEnd() { running = false; }
-    } end{running_};
-    action_();
-  }
-
-private:
-  std::int32_t interval_;
-  std::function<void()> action_;
-  std::int64_t next_ = 0;
-  bool running_ = false;
 };
 
 class WorkerManager : public testing::Test {
