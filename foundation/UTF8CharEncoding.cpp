@@ -14,12 +14,8 @@ bool isContinuation(unsigned char byte) {
 
 }  // namespace
 
-int CUTF8CharEncoding::read(char32_t& codePoint, const unsigned char* buffer, int size, int pos) {
+int CUTF8CharEncoding::readSequence(char32_t& codePoint, const unsigned char* buffer, int size, int pos) {
   const unsigned char lead = buffer[pos];
-  if (lead < 0x80) {
-    codePoint = lead;
-    return pos + 1;
-  }
   const int length = std::countl_one(lead);
   if (length < 2 || length > 4 || size - pos < length) return -1;
   char32_t value = lead & (0x7Fu >> length);
@@ -32,6 +28,23 @@ int CUTF8CharEncoding::read(char32_t& codePoint, const unsigned char* buffer, in
   if (value >= 0x110000) return -1;
   codePoint = value;
   return pos + length;
+}
+
+int CUTF8CharEncoding::countChars(const unsigned char* buffer, int size, int pos) const {
+  if (pos < 0 || pos > size) return -1;
+  int count = 0;
+  char32_t codePoint;
+  while (pos < size) {
+    // Eight characters of ASCII at a time.
+    for (std::uint64_t block; size - pos >= 8; pos += 8, count += 8) {
+      std::memcpy(&block, buffer + pos, 8);
+      if (block & 0x8080808080808080) break;
+    }
+    pos = decode(codePoint, buffer, size, pos);
+    if (pos < 0) break;
+    ++count;
+  }
+  return count;
 }
 
 int CUTF8CharEncoding::readBackwards(char32_t& codePoint, const unsigned char* buffer, int pos) {

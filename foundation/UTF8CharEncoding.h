@@ -14,10 +14,18 @@ public:
   static constexpr const char* kName = "UTF-8";
   static constexpr int kMaxCharSize = 4;
 
-  static int read(char32_t& codePoint, const unsigned char* buffer, int size, int pos);
+  static int read(char32_t& codePoint, const unsigned char* buffer, int size, int pos) {
+    codePoint = buffer[pos];
+    return codePoint < 0x80 ? pos + 1 : readSequence(codePoint, buffer, size, pos);
+  }
   static int readBackwards(char32_t& codePoint, const unsigned char* buffer, int pos);
   static int sizeOf(char32_t codePoint);
   static void write(char32_t codePoint, unsigned char* place);
+
+  int countChars(const unsigned char* buffer, int size, int pos) const override;
+
+private:
+  static int readSequence(char32_t& codePoint, const unsigned char* buffer, int size, int pos);
 };
 
 }  // namespace orlo
