@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 /// What the Unicode Character Database says about a code point.
@@ -40,13 +41,24 @@ enum class Category : std::uint8_t {
 };
 
 namespace detail {
+
 char32_t toLower(char32_t codePoint);
-}
+
+/// Of the code points below 0x100, which are asked for most.
+inline constexpr auto kFirstLower = [] {
+  std::array<std::uint8_t, 0x100> lower{};
+  for (unsigned i = 0; i < lower.size(); ++i) {
+    const bool isUpper = (i >= 'A' && i <= 'Z') || (i >= 0xC0 && i <= 0xDE && i != 0xD7);
+    lower[i] = static_cast<std::uint8_t>(isUpper ? i + 0x20 : i);
+  }
+  return lower;
+}();
+
+}  // namespace detail
 
 /// Simple mappings: one code point to one. What has no mapping maps to itself.
 inline char32_t toLower(char32_t codePoint) {
-  if (codePoint >= 0x80) return detail::toLower(codePoint);
-  return codePoint >= U'A' && codePoint <= U'Z' ? codePoint + (U'a' - U'A') : codePoint;
+  return codePoint < detail::kFirstLower.size() ? detail::kFirstLower[codePoint] : detail::toLower(codePoint);
 }
 char32_t toUpper(char32_t codePoint);
 char32_t toTitle(char32_t codePoint);
