@@ -115,12 +115,14 @@ String TTextOperations<Self>::strip(char32_t codePoint, bool left, bool right, b
   return strip(CTextView(&codePoint, sizeof codePoint, 1, *getUTF32CharEncoding()), left, right, ignoreCase);
 }
 template <class Self>
-String TTextOperations<Self>::replace(const CTextView& from, const CTextView& to) const {
-  return text::replace(view(), from, to, text::Case::sensitive);
+String TTextOperations<Self>::replace(const CTextView& from, const CTextView& to, CStringPos start,
+                                      CStringPos end) const {
+  return text::replace(view(), from, to, text::Case::sensitive, start, end);
 }
 template <class Self>
-String TTextOperations<Self>::replaceIgnoreCase(const CTextView& from, const CTextView& to) const {
-  return text::replace(view(), from, to, text::Case::ignored);
+String TTextOperations<Self>::replaceIgnoreCase(const CTextView& from, const CTextView& to, CStringPos start,
+                                                CStringPos end) const {
+  return text::replace(view(), from, to, text::Case::ignored, start, end);
 }
 template <class Self>
 String TTextOperations<Self>::toLower() const {

@@ -47,7 +47,8 @@ String substring(const IString& text, int index, int count);
 /// Without the characters of the set at the ends that are named.
 String strip(const IString& text, const CTextView& set, bool left, bool right, Case mode);
 
-String replace(const CTextView& text, const CTextView& from, const CTextView& to, Case mode);
+String replace(const CTextView& text, const CTextView& from, const CTextView& to, Case mode, CStringPos start,
+               CStringPos end);
 String toLower(const CTextView& text);
 String toUpper(const CTextView& text);
 

@@ -125,9 +125,11 @@ public:
   String strip(char32_t codePoint, bool left = true, bool right = true, bool ignoreCase = false) const;
 
   /// A new text in this one's encoding, with every occurrence replaced from left to right. The empty text is not
-  /// replaced.
-  String replace(const CTextView& from, const CTextView& to) const;
-  String replaceIgnoreCase(const CTextView& from, const CTextView& to) const;
+  /// replaced. What is not between the two positions stays as it is.
+  String replace(const CTextView& from, const CTextView& to, CStringPos start = {},
+                 CStringPos end = CStringPos::end()) const;
+  String replaceIgnoreCase(const CTextView& from, const CTextView& to, CStringPos start = {},
+                           CStringPos end = CStringPos::end()) const;
 
   /// A new text in this one's encoding. A character whose other case the encoding cannot hold stays as it is.
   String toLower() const;

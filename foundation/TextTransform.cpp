@@ -19,18 +19,19 @@ String mapped(const CTextView& text, char32_t (*map)(char32_t)) {
 
 }  // namespace
 
-String replace(const CTextView& text, const CTextView& from, const CTextView& to, Case mode) {
+String replace(const CTextView& text, const CTextView& from, const CTextView& to, Case mode, CStringPos start,
+               CStringPos end) {
   CTextBuilder result(*text.encoding);
   const int fromLength = length(from);
-  CStringPos rest;
-  while (fromLength > 0 && !rest.isEnd()) {
-    const CStringPos hit = find(text, from, mode, rest, CStringPos::end());
+  CStringPos kept;
+  for (CStringPos rest = start; fromLength > 0 && !rest.isEnd();) {
+    const CStringPos hit = find(text, from, mode, rest, end);
     if (hit.isEnd()) break;
-    result.append(part(text, rest, hit));
+    result.append(part(text, kept, hit));
     result.append(to);
-    rest = advance(text, hit, fromLength);
+    kept = rest = advance(text, hit, fromLength);
   }
-  result.append(part(text, rest, CStringPos::end()));
+  result.append(part(text, kept, CStringPos::end()));
   return result.build();
 }
 

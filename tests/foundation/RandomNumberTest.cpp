@@ -20,6 +20,17 @@ TEST(RandomNumbers, AreThoseOfTheStandardGeneratorForAnySeed) {
   }
 }
 
+TEST(RandomNumbers, AreThoseOfTheStandardGeneratorForRandomSeedsAndBehindManyRefills) {
+  std::mt19937 seeds(7);
+  for (int round = 0; round < 200; ++round) {
+    const auto seed = static_cast<std::uint32_t>(seeds());
+    CMersenneTwisterRandomNumberGenerator generator(seed);
+    std::mt19937 peer(seed);
+    const int count = round == 0 ? 200000 : static_cast<int>(seeds() % 1500);
+    for (int i = 0; i < count; ++i) ASSERT_EQ(generator.getNext(), peer()) << "seed " << seed << ", number " << i;
+  }
+}
+
 TEST(RandomNumbers, ComeFromOneSourceForAll) {
   EXPECT_EQ(&getRandomNumberGenerator(), &getRandomNumberGenerator());
   const std::uint32_t first = getRandomNumberGenerator()->getNext();

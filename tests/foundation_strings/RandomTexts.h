@@ -47,6 +47,19 @@ inline Model lower(Model text) {
   return text;
 }
 
+/// Bytes that make whole, broken and overlong sequences likely.
+inline std::string randomBytes(std::mt19937& random, std::size_t unit) {
+  static const unsigned char likely[] = {0x00, 0x41, 0x80, 0xBF, 0xC0, 0xC1, 0xC3, 0xD8, 0xDC, 0xDF, 0xE0,
+                                         0xE2, 0xED, 0xEF, 0xF0, 0xF1, 0xF4, 0xF5, 0xF8, 0xFF, 0x10, 0x11};
+  std::string result(random() % 40, '\0');
+  for (char& byte : result) byte = static_cast<char>(likely[random() % sizeof likely]);
+  if (unit == 4) {
+    for (std::size_t i = 2; i < result.size(); i += 4) result[i] = static_cast<char>(random() % 0x12);
+    for (std::size_t i = 3; i < result.size(); i += 4) result[i] = random() % 8 ? '\0' : result[i];
+  }
+  return result;
+}
+
 /// Short texts of few different characters, so that they have much in common: of ASCII alone, of Latin-1, of all
 /// planes, with bytes that are invalid in their encoding, and slices of such texts.
 class CRandomTexts {

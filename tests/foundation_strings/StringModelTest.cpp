@@ -1,7 +1,6 @@
 // Every family of operations on every pair of encodings, against what it means for plain sequences of code points.
 
-#include "foundation/Unicode.h"
-#include "tests/foundation_strings/TextSamples.h"
+#include "tests/foundation_strings/RandomTexts.h"
 
 #include <gtest/gtest.h>
 
@@ -11,13 +10,6 @@
 using namespace samples;
 
 namespace {
-
-using Model = std::u32string;
-
-Model lower(Model text) {
-  for (char32_t& codePoint : text) codePoint = unicode::toLower(codePoint);
-  return text;
-}
 
 int sign(int order) {
   return (order > 0) - (order < 0);

@@ -121,6 +121,15 @@ TEST(StringReplace, GoesFromLeftToRightWithoutOverlap) {
   EXPECT_EQ(String().replace("a", "b"), "");
 }
 
+TEST(StringReplace, LeavesWhatIsNotBetweenThePositions) {
+  const String text = u"a\u00E9a\u00E9A";
+  EXPECT_EQ(text.replace("a", u"[a]", text.positionAt(1)), u"a\u00E9[a]\u00E9A");
+  EXPECT_EQ(text.replaceIgnoreCase("a", "x", text.positionAt(2)), u"a\u00E9x\u00E9x");
+  EXPECT_EQ(text.replace("a", "", {}, text.positionAt(2)), u"\u00E9a\u00E9A");
+  EXPECT_EQ(text.replace(u"\u00E9a", "x", {}, text.positionAt(2)), text);
+  EXPECT_EQ(text.replace("a", "x", CStringPos::end()), text);
+}
+
 TEST(StringReplace, LeavesOutWhatTheTextCannotHold) {
   EXPECT_EQ(String("a-b").replace("-", u"€"), "ab");
 }
