@@ -1,0 +1,37 @@
+"""Writes a test program of the C++ examples of a document: one test each, named after its section."""
+
+import re
+import sys
+
+
+def main(document, target):
+    includes, tests, section, count = [], [], "", 0
+    block, start = None, 0
+    with open(document, encoding="utf-8") as lines:
+        for number, line in enumerate(lines, 1):
+            line = line.rstrip("\n")
+            if block is None:
+                if line.startswith("## "):
+                    section, count = "".join(word.capitalize() for word in re.findall(r"\w+", line)), 0
+                elif line == "```cpp":
+                    block, start = [], number + 1
+            elif line == "```":
+                count += 1
+                tests.append(f'TEST(Foundation, {section}Example{count}) {{\n#line {start} "{document}"\n'
+                             + "\n".join(block) + "\n}\n")
+                block = None
+            elif line.startswith("#include"):
+                includes.append(line)
+                block.append("")
+            else:
+                block.append(line)
+    if not tests:
+        sys.exit(f"{document} has no examples")
+    with open(target, "w", encoding="utf-8") as out:
+        out.write("\n".join(sorted(set(includes))) + "\n\n#include <gtest/gtest.h>\n\n#include <string>\n\n"
+                  "#undef assert\n#define assert(condition) EXPECT_TRUE(condition)\n\n"
+                  "namespace orlo {\nnamespace {\n\n" + "\n".join(tests) + "\n}  // namespace\n}  // namespace orlo\n")
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
