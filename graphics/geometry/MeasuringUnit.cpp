@@ -1,13 +1,10 @@
 #include "graphics/geometry/MeasuringUnit.h"
 
+#include "foundation/StringFormat.h"
 #include "foundation/StringLocalizer.h"
 #include "foundation/wxutil/WXString.h"
 
 #include <algorithm>
-#include <charconv>
-#include <clocale>
-#include <limits>
-#include <string>
 
 namespace graphics {
 
@@ -27,14 +24,9 @@ wxString GetUnitName(orlo::MeasurementSystem system, bool shortForm) {
 
 wxString FormatForDisplay(double value, int decimals) {
   constexpr int kMostDecimals = 100;
-  std::string text(std::numeric_limits<double>::max_exponent10 + kMostDecimals + 8, '\0');
-  const int precision = std::clamp(decimals, 0, kMostDecimals);
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, precision).ptr;
-  text.resize(static_cast<std::size_t>(end - text.data()));
-  wxString result(text);
-  result.Replace(".", std::localeconv()->decimal_point);
-  return result;
+  orlo::CStringFormat format("%.*f");
+  format.push(std::clamp(decimals, 0, kMostDecimals)).push(value);
+  return wxutil::toWxString(format.getString());
 }
 
 wxString FormatLength(double value, int decimals) {
