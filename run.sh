@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and renders.
-#   ./run.sh                    the main menu of the samples over a clip, to out/menu.png and out/menu.mp4
+#   ./run.sh                    the animated menu of the samples over a clip, to out/menu.png and out/menu.mp4
 #   ./run.sh PAGE.xml [...]     whatever `mfilter render` takes; ./run.sh --help tells
 # What it does is said on standard error, so that "-o -" can be piped.
 set -euo pipefail
@@ -21,14 +21,14 @@ if [ $# -gt 0 ]; then
 fi
 
 out=$root/out
-page=$root/samples/main-menu.xml
+page=$root/samples/animated-menu.xml
 clip=$out/clip.mp4
 mkdir -p "$out"
 if [ ! -e "$clip" ] || [ "$root/samples/make-clip.sh" -nt "$clip" ]; then
   echo "Making the clip" >&2
   "$root/samples/make-clip.sh" "$clip"
 fi
-echo "Rendering the main menu over it" >&2
+echo "Rendering the animated menu over it" >&2
 "$mfilter" render "$page" --input "$clip" --frames 50-50 -o "$out/menu.png"
 "$mfilter" render "$page" --input "$clip" -o "$out/menu.mp4"
 echo "$out/menu.png"

@@ -3,6 +3,8 @@
 
 A page holds its pictures and rich texts in base64. A source in samples/sources/ is the same page, but
 - a picture is named:     <attachment-bitmap file="pictures/lake.jpg"/>
+- and so is an animation: <animation type="gif" loop="true" file="pictures/reel.gif"/>, or, where the pictures lie in a
+  folder as 0.png, 1.png ..., <animation type="animation" delay="30" loop="true" file="pictures/lanterns"/>
 - a rich text stands as such:  <attachment-richtextbuffer><richtext>...</richtext></attachment-richtextbuffer>
 
 Usage: samples/compose.py             writes samples/NAME.xml for each samples/sources/NAME.xml
@@ -13,11 +15,15 @@ Usage: samples/compose.py             writes samples/NAME.xml for each samples/s
 import base64
 import re
 import sys
+import zlib
 from pathlib import Path
+
+import gif
 
 SAMPLES = Path(__file__).resolve().parent
 
-PICTURE = re.compile(r'<attachment-bitmap file="([^"]+)"/>')
+ANIMATION = re.compile(r'<animation ([^>]*?) ?file="([^"]+)"/>')
+PICTURE = re.compile(r'<([\w-]+) file="([^"]+)"/>')
 RICH_TEXT = re.compile(r"<attachment-richtextbuffer>\s*(<richtext.*?</richtext>)\s*</attachment-richtextbuffer>", re.S)
 
 
@@ -25,19 +31,62 @@ def encode(data):
     return base64.b64encode(data).decode("ascii").rstrip("=")
 
 
+def attachment(node, extension, data):
+    return f'<{node} extension="{extension}"><![CDATA[{encode(data)}]]></{node}>'
+
+
+def gif_nodes(path):
+    """How many frames there are, and what stands in the node of the animation."""
+    width, height, frames = gif.frames(path.read_bytes())
+    nodes = [f'<frame{i} delay="{delay}">{attachment("frame", "png", gif.png(rows))}</frame{i}>'
+             for i, (rows, delay) in enumerate(frames)]
+    return len(frames), [f'<size x="{width}" y="{height}"/>', *nodes]
+
+
+def folder_nodes(folder):
+    pictures = sorted(folder.glob("*.png"), key=lambda path: int(path.stem))
+    return len(pictures), [attachment(f"frame{i}", "png", path.read_bytes()) for i, path in enumerate(pictures)]
+
+
 def compose(source, folder):
     """The page of a source whose pictures lie in a folder."""
 
+    def animation(match):
+        path = folder / match[2]
+        count, nodes = folder_nodes(path) if path.is_dir() else gif_nodes(path)
+        return f'<animation {match[1]} count="{count}">\n' + "".join(f"{node}\n" for node in nodes) + "</animation>"
+
     def picture(match):
-        path = folder / match[1]
-        return (f'<attachment-bitmap extension="{path.suffix[1:]}">'
-                f"<![CDATA[{encode(path.read_bytes())}]]></attachment-bitmap>")
+        path = folder / match[2]
+        return attachment(match[1], path.suffix[1:], path.read_bytes())
 
     def rich_text(match):
         text = '<?xml version="1.0" encoding="UTF-8"?>\n' + re.sub(r">\s+<", "><", match[1])
         return f"<attachment-richtextbuffer><![CDATA[{encode(text.encode())}]]></attachment-richtextbuffer>"
 
-    return RICH_TEXT.sub(rich_text, PICTURE.sub(picture, source))
+    return RICH_TEXT.sub(rich_text, PICTURE.sub(picture, ANIMATION.sub(animation, source)))
+
+
+def plain(page):
+    """The page with its PNG pictures unpacked: two libraries may pack the same pixels in different ways."""
+
+    def unpacked(match):
+        data = base64.b64decode(match[1] + "=" * (-len(match[1]) % 4))
+        at, pixels, others = 8, b"", b""
+        while at < len(data):
+            end = at + 12 + int.from_bytes(data[at:at + 4], "big")
+            if data[at + 4:at + 8] == b"IDAT":
+                pixels += data[at + 8:end - 4]
+            else:
+                others += data[at:end]
+            at = end
+        return f"{others} {zlib.decompress(pixels)}"
+
+    return re.sub(r"(?<=CDATA\[)(iVBORw0KGgo[A-Za-z0-9+/]+)", unpacked, page)
+
+
+def is_same(page, other):
+    return page == other or plain(page) == plain(other)
 
 
 def main(arguments):
@@ -51,7 +100,7 @@ def main(arguments):
         text = compose(source.read_text(encoding="utf-8"), source.parent)
         if not arguments:
             page.write_text(text, encoding="utf-8")
-        elif not page.exists() or page.read_text(encoding="utf-8") != text:
+        elif not page.exists() or not is_same(page.read_text(encoding="utf-8"), text):
             print(f"{page} is not what {source} gives; run samples/compose.py")
             stale = 1
     return stale

@@ -12,6 +12,8 @@ from pathlib import Path
 
 sys.dont_write_bytecode = True
 
+import moving
+from buttons import BUTTONS
 from frames import FRAMES
 from PIL import Image
 
@@ -19,14 +21,18 @@ SCENES = ["lake", "forest", "city", "dunes", "lighthouse", "coast", "night"]
 WHOLE = ["lighthouse", "coast", "night"]  # of the others the pages use only what is cut from them
 SMALL = (384, 216)
 
-# The lake leaves a window free, through which a film shows: four parts round it, which overlap, as their edges fall
+# Two of them leave a window free, through which a film shows: four parts round it, which overlap, as their edges fall
 # on whole pixels at few sizes.
-LAKE_PARTS = {
-    "lake-top": (0, 0, 1280, 420),
-    "lake-left": (0, 400, 820, 660),
-    "lake-right": (1200, 400, 1280, 660),
-    "lake-bottom": (0, 640, 1280, 720),
+IN_PARTS = ["lake", "city"]
+PARTS = {
+    "top": (0, 0, 1280, 420),
+    "left": (0, 400, 820, 660),
+    "right": (1200, 400, 1280, 660),
+    "bottom": (0, 640, 1280, 720),
 }
+
+STILLS = {**FRAMES, **BUTTONS}
+MOVING = ["lanterns", "sign", "reel"]
 
 
 def save(picture, path, quality):
@@ -40,17 +46,20 @@ def save(picture, path, quality):
 def main():
     folder = Path(__file__).resolve().parent.parent / "sources" / "pictures"
     folder.mkdir(parents=True, exist_ok=True)
-    for name in sys.argv[1:] or [*SCENES, *FRAMES]:
-        if name in FRAMES:
-            save(FRAMES[name](), folder / f"{name}.png", None)
+    for name in sys.argv[1:] or [*SCENES, *STILLS, *MOVING]:
+        if name in STILLS:
+            save(STILLS[name](), folder / f"{name}.png", None)
+            continue
+        if name in MOVING:
+            moving.save(name, folder)
             continue
         picture = importlib.import_module(name).make()
         if name in WHOLE:
             save(picture, folder / f"{name}.jpg", 84)
         save(picture.resize(SMALL, Image.LANCZOS), folder / f"{name}-small.jpg", 86)
-        if name == "lake":
-            for part, box in LAKE_PARTS.items():
-                save(picture.crop(box), folder / f"{part}.jpg", 86)
+        if name in IN_PARTS:
+            for part, box in PARTS.items():
+                save(picture.crop(box), folder / f"{name}-{part}.jpg", 86)
 
 
 if __name__ == "__main__":

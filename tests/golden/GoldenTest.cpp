@@ -47,6 +47,10 @@ TEST(GoldenSample, MainMenuLooksAsItDid) {
   test::expectGolden("main-menu", draw(GOLDEN_SAMPLES "/main-menu.xml", photographSize).view());
 }
 
+TEST(GoldenSample, AnimatedMenuLooksAsItDid) {
+  test::expectGolden("animated-menu", draw(GOLDEN_SAMPLES "/animated-menu.xml", photographSize).view());
+}
+
 TEST(GoldenSample, ChapterMenuLooksAsItDid) {
   test::expectGolden("chapter-menu", draw(GOLDEN_SAMPLES "/chapter-menu.xml", photographSize).view());
 }
