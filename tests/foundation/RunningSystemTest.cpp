@@ -1,4 +1,5 @@
 #include "foundation/Error.h"
+#include "foundation/Singleton.h"
 #include "foundation/posix/RunningSystem.h"
 #include "tests/foundation/OpenFiles.h"
 #include "tests/foundation/TestWorker.h"
@@ -221,6 +222,45 @@ TEST_F(RunningSystem, SeedsTheRandomNumbersOfTheRuntime) {
   std::srand(1);
   const CRunningSystem other;
   EXPECT_NE(std::rand(), first);
+}
+
+/// As a singleton, in use.
+CRunningSystem& usedSystem() {
+  static TSingleton<CRunningSystem> singleton;
+  CRunningSystem& used = *singleton.get([] { return makeObject<CRunningSystem>(); });
+  used.addWorker(worker(20));
+  used.processMessage(kLong);
+  return used;
+}
+
+TEST(RunningSystemAtExit, EndsWithItsProcess) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        usedSystem();
+        std::exit(0);
+      },
+      testing::ExitedWithCode(0), "");
+}
+
+TEST(RunningSystemAtExit, EndsOnAThreadThatDidNotMakeIt) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        usedSystem();
+        std::thread([] { std::exit(0); }).join();
+      },
+      testing::ExitedWithCode(0), "");
+}
+
+TEST(RunningSystemAtExit, EndsAfterTheThreadThatMadeIt) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        std::thread([] { usedSystem(); }).join();
+        std::exit(0);
+      },
+      testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <functional>
 #include <pthread.h>
 #include <sched.h>
@@ -164,6 +165,22 @@ TEST(Thread, CanNotBeMadeWithoutMemoryForItsStack) {
   pthread_attr_setstacksize(&attributes, size);
   pthread_setattr_default_np(&attributes);
   pthread_attr_destroy(&attributes);
+}
+
+TEST(Thread, DoesNotKeepItsProcessFromItsEnd) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        const P<ISignal> never = getSignalFactory()->createSignal();
+        const P<ISignal> runs = getSignalFactory()->createSignal();
+        startThread([=] {
+          runs->set();
+          never->wait();
+        });
+        runs->wait();
+        std::exit(0);
+      },
+      testing::ExitedWithCode(0), "");
 }
 
 /// A thread that tells its nice value and policy when it is asked to.
