@@ -19,7 +19,10 @@ CError::CError(const String& message) : CError(message, nullptr) {}
 CError::CError(const String& message, const String& title)
     : CException(orDefault(message, "Unspecified error"), orDefault(title, "Error")) {}
 
-CNoSuchObjectError::CNoSuchObjectError() : CError(localize("orlo.CNoSuchObjectError.desc", "No such object.")) {}
+CNoSuchObjectError::CNoSuchObjectError()
+    : CNoSuchObjectError(localize("orlo.CNoSuchObjectError.desc", "No such object.")) {}
+
+CNoSuchObjectError::CNoSuchObjectError(const String& message) : CError(message) {}
 
 CParseError::CParseError(const String& message) : CError(message, "Parse error") {}
 

@@ -50,6 +50,7 @@ public:
 class CNoSuchObjectError : public CError {
 public:
   CNoSuchObjectError();
+  explicit CNoSuchObjectError(const String& message);
   P<CException> clone() const override { return copyOf(*this); }
 };
 

@@ -20,6 +20,8 @@ public:
   }
 
   int get() const noexcept { return file_; }
+  /// The caller closes it.
+  [[nodiscard]] int release() noexcept { return std::exchange(file_, -1); }
   explicit operator bool() const noexcept { return file_ >= 0; }
 
 private:

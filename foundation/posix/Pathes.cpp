@@ -1,9 +1,9 @@
 #include "foundation/posix/Pathes.h"
 
 #include "foundation/Singleton.h"
-#include "foundation/StandardUTF8.h"
 #include "foundation/URIEscape.h"
 #include "foundation/URIPath.h"
+#include "foundation/posix/PathText.h"
 
 #include <algorithm>
 #include <string>
@@ -33,32 +33,27 @@ std::string unescapedBytes(std::u16string_view path) {
   return bytes;
 }
 
-/// A path on another machine is no path here.
-bool isLocal(const IURI& uri) {
-  const String host = uri.getHost();
-  return uri::isFile(uri) && (host.isEmpty() || host.equalsIgnoreCase("localhost"));
-}
-
 }  // namespace
 
 String CPathes::uriToPath(const PC<IURI>& uri) {
   if (!uri) return String();
-  if (!isLocal(*uri)) return uri->getDescription();
+  if (!uri::isLocalFile(*uri)) return uri->getDescription();
   const String path = uri::toWideText(uri->getRawPath());
-  return fromUTF8(unescapedBytes(uri::unitsOf(path)));
+  return textOfPath(unescapedBytes(uri::unitsOf(path)));
 }
 
 P<IURI> CPathes::pathToURI(const String& path) {
-  // However many slashes a path begins with, it begins at the root. What is no UTF-8 is bytes, not characters.
+  // Several slashes are one, which they are not to a URI.
   std::string bytes = toStdString(path);
-  if (bytes.starts_with("//")) bytes.erase(0, std::min(bytes.find_first_not_of('/'), bytes.size()) - 1);
+  const auto end = std::unique(bytes.begin(), bytes.end(), [](char a, char b) { return a == '/' && b == '/'; });
+  bytes.erase(end, bytes.end());
   return uri::fromPath(nullptr, fromUTF8(bytes));
 }
 
 String CPathes::toFileURI(const PC<IURI>& uri) {
   std::string path = toStdString(uriToPath(uri));
   if (path.starts_with('/')) path.erase(0, 1);
-  return fromUTF8("file:///" + path);
+  return textOfPath("file:///" + path);
 }
 
 }  // namespace posix

@@ -8,15 +8,10 @@
 
 namespace orlo {
 
-namespace {
-
-// In English whatever the locale is; empty for a code that the system doesn't know.
 String systemText(int code) {
   const char* text = strerrordesc_np(code);
   return text ? text : "";
 }
-
-}  // namespace
 
 void throwSystemError(int code, const String& message, const String& path) {
   if (code == ENOENT || code == ENOTDIR) {
