@@ -91,10 +91,7 @@ String asString(const PC<IBase>& object) {
 
 String fromUTF8(std::string_view utf8) {
   if (utf8.size() > std::numeric_limits<int>::max()) throw std::length_error("text of 2 GiB or more");
-  P<IString> result;
-  result.attach(
-      new CString(utf8.data(), static_cast<int>(utf8.size()), CString::Storage::copy, true, getUTF8CharEncoding()));
-  return result;
+  return terminatedCopy({utf8.data(), static_cast<int>(utf8.size()), -1, *getUTF8CharEncoding()});
 }
 
 std::string toStdString(const String& text) {

@@ -39,9 +39,12 @@ CTextView CString::view() const {
 }
 
 P<IString> CString::toTerminated() {
-  if (terminated_) return this;
+  return terminated_ ? P<IString>(this) : terminatedCopy(view());
+}
+
+P<IString> terminatedCopy(const CTextView& text) {
   P<IString> result;
-  result.attach(new CString(data_, static_cast<int>(byteSize_), Storage::copy, true, encoding_, length_));
+  result.attach(new CString(text.data, text.byteSize, CString::Storage::copy, true, text.encoding, text.length));
   return result;
 }
 

@@ -36,6 +36,9 @@ private:
   std::int32_t length_;
 };
 
+/// The text in memory of its own, with the terminator of its encoding.
+P<IString> terminatedCopy(const CTextView& text);
+
 /// A CString of one encoding, made from the characters as they come in literals.
 template <class Char, P<ICharEncoding>& (*sharedEncoding)()>
 class TEncodedString : public CString {

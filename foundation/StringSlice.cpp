@@ -22,10 +22,7 @@ bool CStringSlice::isTerminated() const {
 }
 
 P<IString> CStringSlice::toTerminated() {
-  if (isTerminated()) return this;
-  P<IString> result;
-  result.attach(new CString(data_, static_cast<int>(byteSize_), CString::Storage::copy, true, encoding_, length_));
-  return result;
+  return isTerminated() ? P<IString>(this) : terminatedCopy(view());
 }
 
 namespace text {

@@ -23,9 +23,7 @@ void CTextBuilder::append(const CTextView& text) {
 }
 
 String CTextBuilder::build() const {
-  P<IString> result;
-  result.attach(new CString(bytes_.data(), size_, CString::Storage::copy, true, encoding_));
-  return result;
+  return terminatedCopy({bytes_.data(), size_, -1, *encoding_});
 }
 
 void CTextBuilder::grow() {

@@ -191,6 +191,41 @@ void checkStrings(const std::vector<CCharacter>& characters, const unsigned char
   CHECK(text.advance(last, first.index - last.index) == first);
 }
 
+/// A window of the text against the same window of its characters, in the encoding and as code points, which are read
+/// in other ways. The text's first characters say what is cut and searched.
+void checkSlices(const std::vector<CCharacter>& characters, const unsigned char* buffer, int size) {
+  const int count = static_cast<int>(characters.size());
+  if (count == 0) return;
+  const auto number = [&](int index) {
+    return static_cast<int>(characters[static_cast<std::size_t>(index % count)].codePoint % 64);
+  };
+  const String text =
+      P<IString>(makeObject<CString>(buffer, size, CString::Storage::reference, false, FUZZED_ENCODING()));
+  const int from = number(0) % count;
+  const int length = std::min(number(1), count - from);
+  const String slice = text.substring(from, length);
+  const String other = toUTF32(text).substring(from, length);
+  CHECK(slice.length() == length && slice.toTerminated() == slice && toUTF32(slice) == other);
+  CHECK(slice == other && slice.compareIgnoreCase(other) == 0 && slice.getHash() == other.getHash());
+  CHECK(text.substring(text.positionAt(from), text.positionAt(from + length)) == other);
+  const String inner = slice.substring(number(2), number(3));
+  CHECK(inner == other.substring(number(2), number(3)) && &inner.getText().getRoot() == &text.getText());
+
+  for (const String& what : {toUTF8(inner), toWide(inner), other.substring(number(4), 2)}) {
+    CHECK(slice.find(what).index == other.find(what).index);
+    CHECK(slice.findIgnoreCase(what).index == other.findIgnoreCase(what).index);
+    CHECK(slice.findAnyOf(what).index == other.findAnyOf(what).index);
+    CHECK(slice.findNoneOfIgnoreCase(what).index == other.findNoneOfIgnoreCase(what).index);
+    CHECK(slice.endsWith(what) == other.endsWith(what));
+    for (const bool ignoreCase : {false, true})
+      CHECK(slice.strip(what, number(5) % 2, number(6) % 2, ignoreCase) ==
+            other.strip(what, number(5) % 2, number(6) % 2, ignoreCase));
+    if (!encoding().canWalkBackwards()) continue;
+    CHECK(slice.findLast(what).index == other.findLast(what).index);
+    CHECK(slice.findLastNoneOf(what).index == other.findLastNoneOf(what).index);
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
@@ -206,6 +241,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t data
   checkRuns(text, data, size, 1 + size % 20);
   checkTerminated(data, size);
   checkStrings(text, data, size);
+  checkSlices(text, data, size);
   for (int pos = 0; pos + 4 <= size && pos < 64; pos += 4) {
     char32_t any;
     std::copy_n(data + pos, 4, reinterpret_cast<unsigned char*>(&any));
