@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the examples of docs/gallery.md: each xml block that follows a picture in images/gallery/.
+"""Draws the examples of docs/gallery.md: each xml block that follows a picture in images/gallery/. A line such as
+"<!-- frames 0 12 24 36 -->" between them makes a strip of these frames.
 
 Usage: tools/gallery.py MFILTER FOLDER          draws each into FOLDER; fails if one cannot be drawn
                                                or does not follow docs/page.rng
@@ -16,35 +17,52 @@ sys.path.insert(0, str(ROOT / "samples"))
 
 from compose import compose
 
-EXAMPLE = re.compile(r"!\[[^\]]*\]\(images/gallery/([a-z-]+)\.png\)\n\n```xml\n(.*?)```", re.S)
+EXAMPLE = re.compile(r"!\[[^\]]*\]\(images/gallery/([a-z-]+)\.png\)\n\n(?:<!-- frames ([0-9 ]+) -->\n\n)?```xml\n(.*?)```", re.S)
 PAGE = '<page>\n<content-box x="0" y="0" width="96" height="54"/>\n{}</page>\n'
-SIZE, BACKGROUND = "480x270", "#d3dce8"
+SIZE, FRAME_SIZE, BACKGROUND = "480x270", "240x135", "#d3dce8"
 
 
 def pages():
-    """Name and page of each example."""
+    """Name, frames of the strip if it is one, and page of each example."""
     text = (ROOT / "docs" / "gallery.md").read_text(encoding="utf-8")
     found = EXAMPLE.findall(text)
     pictures = re.findall(r"\(images/gallery/([a-z-]+)\.png\)", text)
-    if [name for name, _ in found] != pictures or len(set(pictures)) != len(pictures) or text.count("```xml\n") != len(found):
+    if [name for name, _, _ in found] != pictures or len(set(pictures)) != len(pictures) or text.count("```xml\n") != len(found):
         sys.exit("docs/gallery.md: each picture needs a name of its own and an xml block after it")
-    return [(name, compose(PAGE.format(xml), ROOT / "samples" / "sources")) for name, xml in found]
+    return [(name, frames.split(), compose(PAGE.format(xml), ROOT / "samples" / "sources")) for name, frames, xml in found]
+
+
+def run(*command, **options):
+    """Runs a command and gives what it writes."""
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=True, **options).stdout
+
+
+def draw(mfilter, source, frames, picture):
+    run("xmllint", "--noout", "--huge", "--relaxng", ROOT / "docs" / "page.rng", source)
+    render = [mfilter, "render", source, "--input", BACKGROUND]
+    if not frames:
+        run(*render, "--size", SIZE, "-o", picture)
+        return
+    video = run(*render, "--size", FRAME_SIZE, "--frames", f"0-{frames[-1]}", "-o", "-")
+    wanted = "+".join(f"eq(n,{frame})" for frame in frames)
+    run("ffmpeg", "-v", "error", "-y", "-f", "rawvideo", "-pixel_format", "bgra", "-video_size", FRAME_SIZE, "-i", "-",
+        "-vf", f"select='{wanted}',tile={len(frames)}x1:padding=4:color=white,format=rgb24", "-frames:v", "1", picture,
+        input=video)
 
 
 def main(mfilter, folder):
     folder = Path(folder)
     folder.mkdir(parents=True, exist_ok=True)
     failed = 0
-    for name, page in pages():
+    for name, frames, page in pages():
         source = folder / f"{name}.xml"
         source.write_text(page, encoding="utf-8")
         picture = folder / f"{name}.png"
-        for command in (["xmllint", "--noout", "--relaxng", ROOT / "docs" / "page.rng", source],
-                        [mfilter, "render", source, "--input", BACKGROUND, "--size", SIZE, "-o", picture]):
-            result = subprocess.run(command, capture_output=True, text=True)
-            if result.returncode != 0:
-                print(f"docs/gallery.md: the example '{name}' is wrong:\n{result.stderr}")
-                failed = 1
+        try:
+            draw(mfilter, source, frames, picture)
+        except subprocess.CalledProcessError as error:
+            print(f"docs/gallery.md: the example '{name}' is wrong:\n{error.stderr.decode()}")
+            failed = 1
         source.unlink()
     return failed
 

@@ -17,7 +17,7 @@ fi
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 samples/make-clip.sh "$work/clip.mp4"
-for menu in main-menu chapter-menu; do
+for menu in animated-menu main-menu chapter-menu; do
   "$mfilter" render "samples/$menu.xml" --input "$work/clip.mp4" --frames 40-40 -o "$work/$menu.png"
   ffmpeg -nostdin -v error -y -i "$work/$menu.png" -pix_fmt yuvj444p -q:v 3 "docs/images/$menu.jpg"
 done
