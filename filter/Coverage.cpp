@@ -1,5 +1,7 @@
 #include "filter/Coverage.h"
 
+#include <algorithm>
+
 namespace authfilter {
 
 namespace {
@@ -34,10 +36,40 @@ CCoverage::CCoverage(const graphics::CPixels& picture) {
   runs_.shrink_to_fit();
 }
 
+CCoverage CCoverage::Whole(std::int32_t width, std::int32_t height) {
+  CCoverage coverage;
+  coverage.runs_.assign(static_cast<std::size_t>(height), {0, width, false});
+  for (std::int32_t y = 0; y < height; ++y) coverage.rowEnds_.push_back(static_cast<std::size_t>(y) + 1);
+  return coverage;
+}
+
 std::span<const CCoverage::CRun> CCoverage::Row(std::int32_t y) const {
   const auto row = static_cast<std::size_t>(y);
   const std::size_t begin = row == 0 ? 0 : rowEnds_[row - 1];
   return std::span(runs_).subspan(begin, rowEnds_[row] - begin);
+}
+
+std::span<const CCoverage::CRun> CCoverage::Row(std::int32_t y, std::int32_t begin, std::int32_t end) const {
+  const auto row = Row(y);
+  const auto first =
+      std::partition_point(row.begin(), row.end(), [&](const CRun& run) { return run.x + run.count <= begin; });
+  const auto last = std::partition_point(first, row.end(), [&](const CRun& run) { return run.x < end; });
+  return {first, last};
+}
+
+wxRect CCoverage::GetBounds() const {
+  wxRect bounds;
+  for (std::int32_t y = 0; y < static_cast<std::int32_t>(rowEnds_.size()); ++y)
+    if (const auto row = Row(y); !row.empty())
+      bounds.Union(wxRect(row.front().x, y, row.back().x + row.back().count - row.front().x, 1));
+  return bounds;
+}
+
+void CCoverage::CutTo(const wxRect& part) {
+  // The rows that go have no runs.
+  rowEnds_.erase(rowEnds_.begin(), rowEnds_.begin() + part.y);
+  rowEnds_.resize(static_cast<std::size_t>(part.height));
+  for (CRun& run : runs_) run.x -= part.x;
 }
 
 void CCoverage::AddRow(const std::uint8_t* pixels, std::int32_t width) {

@@ -2,6 +2,8 @@
 
 #include "graphics/paint/native/BitmapPixels.h"
 
+#include <wx/gdicmn.h>
+
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -21,9 +23,18 @@ public:
 
   CCoverage() = default;
   explicit CCoverage(const graphics::CPixels& picture);
+  /// Of a picture that nobody has looked at: any pixel may be anything.
+  static CCoverage Whole(std::int32_t width, std::int32_t height);
 
   /// The runs of a row from left to right. They don't overlap.
   std::span<const CRun> Row(std::int32_t y) const;
+  /// Those that reach into a part of the row.
+  std::span<const CRun> Row(std::int32_t y, std::int32_t begin, std::int32_t end) const;
+
+  /// The smallest rectangle that holds all runs, empty if there is none.
+  wxRect GetBounds() const;
+  /// The picture is cut to a part that holds all runs.
+  void CutTo(const wxRect& part);
 
 private:
   void AddRow(const std::uint8_t* pixels, std::int32_t width);

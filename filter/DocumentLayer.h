@@ -1,7 +1,7 @@
 #pragma once
 
-#include "filter/Coverage.h"
 #include "filter/Layer.h"
+#include "filter/LayerPicture.h"
 
 #include <optional>
 
@@ -12,17 +12,12 @@ namespace authfilter {
 class CDocumentLayer : public CLayer {
 public:
   using CLayer::CLayer;
-  ~CDocumentLayer() override;
 
   std::int32_t IsExclusive() const override { return 0; }
   void Paint(CFrame& frame) override;
 
 private:
-  void Render(const graphics::CPaintContext& geometry);
-
-  std::optional<wxBitmap> cachedBitmap_;
-  std::optional<graphics::CBitmapSurface> surface_;
-  CCoverage coverage_;
+  std::optional<CLayerPicture> picture_;
 };
 
 }  // namespace authfilter

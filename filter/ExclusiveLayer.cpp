@@ -1,5 +1,6 @@
 #include "filter/ExclusiveLayer.h"
 
+#include "filter/ElementArea.h"
 #include "foundation/Cast.h"
 #include "graphics/animation/AnimationElement.h"
 
@@ -7,12 +8,34 @@ namespace authfilter {
 
 CExclusiveLayer::CExclusiveLayer(const orlo::P<graphics::CGraphicDocument>& document, std::int64_t frameRateNum,
                                  std::int64_t frameRateDen)
-    : CLayer(document) {
+    : CLayer(document), shown_(*document) {
   for (std::size_t index = 0; index < document->GetCount(); ++index) {
     const auto* const element = orlo::tryCast<graphics::animation::IAnimationElement>(document->GetElement(index));
     if (element && element->HasAnimation())
       animations_.push_back(orlo::makeObject<CFPSAnimation>(element->GetAnimation(), frameRateNum, frameRateDen));
   }
+}
+
+void CExclusiveLayer::Paint(CFrame& frame) {
+  const wxRect area = GetArea(frame.Geometry());
+  if (!frame.Touches(area)) return;
+  const bool isNew = !picture_;
+  if (isNew && !MayChange())
+    picture_.emplace().DrawToStay(frame.Canvas(), *GetDocument(), area);
+  else if (isNew || HasChanged())
+    (isNew ? picture_.emplace() : *picture_).Draw(frame.Canvas(), *GetDocument(), area);
+  shown_.Remember();
+  frame.Blend(*picture_);
+  if (isNew && !frame.Canvas().MayKeep(picture_->GetArea().GetSize())) picture_.reset();
+}
+
+wxRect CExclusiveLayer::GetArea(const CPageGeometry& geometry) const {
+  wxRect area;
+  for (std::size_t index = 0; index < GetDocument()->GetCount(); ++index) {
+    const orlo::P<graphics::CGraphicElement> element = GetDocument()->GetElement(index);
+    if (element->IsVisible()) area.Union(AreaOf(*element, geometry));
+  }
+  return area;
 }
 
 bool CExclusiveLayer::NextFrame() {

@@ -2,12 +2,16 @@
 
 #include "filter/FPSAnimation.h"
 #include "filter/Layer.h"
+#include "filter/LayerPicture.h"
+#include "filter/ShownFrames.h"
 
+#include <optional>
 #include <vector>
 
 namespace authfilter {
 
-/// One element that changes, or that shows what changes below it. It is drawn anew at each repaint.
+/// One element that changes, or that may show what changes. It is drawn anew when it shows something else than at the
+/// repaint before; as long as it doesn't, a repaint takes no lock.
 class CExclusiveLayer : public CLayer {
 public:
   /// The rate is the host's frames a second, as a fraction.
@@ -15,7 +19,11 @@ public:
                   std::int64_t frameRateDen);
 
   std::int32_t IsExclusive() const override { return 1; }
-  void Paint(CFrame& frame) override { GetDocument()->Paint(frame.Draw()); }
+  void Paint(CFrame& frame) override;
+  bool MayChange() const override { return !shown_.AreNone(); }
+  bool HasChanged() const override { return shown_.HaveChanged(); }
+  /// Empty for an element that is invisible or lies outside of the frame.
+  wxRect GetArea(const CPageGeometry& geometry) const override;
   /// True as long as an animation runs, also while its picture stays.
   bool NextFrame() override;
   void Open(const wxString& filterDir, const wxString& animationDir, const wxString& themeDir) override;
@@ -23,6 +31,8 @@ public:
 
 private:
   std::vector<orlo::P<CFPSAnimation>> animations_;
+  CShownFrames shown_;
+  std::optional<CLayerPicture> picture_;
 };
 
 }  // namespace authfilter

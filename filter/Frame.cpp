@@ -2,6 +2,7 @@
 
 #include "filter/Blend.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace authfilter {
@@ -17,65 +18,47 @@ void copyPixels(std::uint8_t* out, const std::uint8_t* in, std::ptrdiff_t begin,
 
 }  // namespace
 
-CFrame::CFrame(wxBitmap& bitmap, graphics::CBitmapSurface& surface, CBackground background,
-               const graphics::CTransform& pageTransform)
-    : bitmap_(bitmap), surface_(surface), background_(background), context_(nullptr, 0) {
-  const graphics::CPixels page = surface_.Pixels();
-  context_.rect = {0, 0, static_cast<double>(page.width), static_cast<double>(page.height)};
-  context_.clip = context_.rect;
-  context_.matrix = pageTransform.GetCurrent();
-}
-
 CFrame::~CFrame() {
-  SettleBackground();
-  dc_.reset();
-  surface_.Flush();
+  if (!background_.rows) return;
+  for (const wxRect& dirty : region_.GetRects())
+    for (int y = dirty.y; y < dirty.y + dirty.height; ++y)
+      copyPixels(pixels_.Row(y), background_.rows + y * background_.stride, dirty.x, dirty.x + dirty.width);
 }
 
-void CFrame::Blend(const graphics::CPixels& picture, const CCoverage& coverage) {
+void CFrame::Blend(const CLayerPicture& picture) {
+  const bool inPlace = background_.rows == nullptr;
+  for (const wxRect& dirty : region_.GetRects()) {
+    const wxRect rows = inPlace ? dirty.Intersect(picture.GetArea()) : dirty;
+    for (int y = rows.y; y < rows.y + rows.height; ++y) BlendRow(y, rows, picture);
+  }
+  background_ = {};
+}
+
+void CFrame::BlendRow(int y, const wxRect& part, const CLayerPicture& picture) {
   static const BlendPixels blendPixels = fastestBlendPixels();
 
-  surface_.Flush();
-  const graphics::CPixels page = surface_.Pixels();
+  const wxRect& area = picture.GetArea();
+  const int begin = part.x, end = part.x + part.width;
   const bool inPlace = background_.rows == nullptr;
-  for (std::int32_t y = 0; y < page.height; ++y) {
-    std::uint8_t* out = page.Row(y);
-    const std::uint8_t* below = inPlace ? out : background_.rows + y * background_.stride;
-    const std::uint8_t* above = picture.Row(y);
-    std::ptrdiff_t settled = 0;
-    for (const CCoverage::CRun& run : coverage.Row(y)) {
-      if (!inPlace) copyPixels(out, below, settled, run.x);
-      settled = run.x + run.count;
-      const std::ptrdiff_t offset = run.x * kBytesPerPixel;
+  std::uint8_t* const out = pixels_.Row(y);
+  const std::uint8_t* const below = inPlace ? out : background_.rows + y * background_.stride;
+  int settled = begin;
+  if (y >= area.y && y < area.y + area.height) {
+    const std::uint8_t* const above = picture.Row(y - area.y);
+    for (const CCoverage::CRun& run : picture.Coverage().Row(y - area.y, begin - area.x, end - area.x)) {
+      const int from = std::max(run.x + area.x, begin);
+      const int to = std::min(run.x + area.x + run.count, end);
+      if (!inPlace) copyPixels(out, below, settled, from);
+      settled = to;
+      const std::uint8_t* const source = above + (from - area.x) * kBytesPerPixel;
       if (run.opaque)
-        copyPixels(out, above, run.x, settled);
+        std::memcpy(out + from * kBytesPerPixel, source, static_cast<std::size_t>((to - from) * kBytesPerPixel));
       else
-        blendPixels(out + offset, below + offset, above + offset, static_cast<std::size_t>(run.count));
+        blendPixels(out + from * kBytesPerPixel, below + from * kBytesPerPixel, source,
+                    static_cast<std::size_t>(to - from));
     }
-    if (!inPlace) copyPixels(out, below, settled, page.width);
   }
-  background_ = {};
-  surface_.MarkDirty();
-}
-
-graphics::CPaintContext& CFrame::Draw() {
-  if (!dc_) {
-    SettleBackground();
-    lock_.emplace();
-    dc_.emplace(bitmap_);
-    context_.dc = &*dc_;
-  }
-  return context_;
-}
-
-void CFrame::SettleBackground() {
-  if (!background_.rows) return;
-  surface_.Flush();
-  const graphics::CPixels page = surface_.Pixels();
-  for (std::int32_t y = 0; y < page.height; ++y)
-    copyPixels(page.Row(y), background_.rows + y * background_.stride, 0, page.width);
-  background_ = {};
-  surface_.MarkDirty();
+  if (!inPlace) copyPixels(out, below, settled, end);
 }
 
 }  // namespace authfilter

@@ -1,17 +1,12 @@
 #pragma once
 
-#include "filter/Coverage.h"
-#include "graphics/geometry/Transform.h"
-#include "graphics/paint/EffectDC.h"
-#include "graphics/paint/PaintContext.h"
-#include "graphics/paint/Toolkit.h"
+#include "filter/Canvas.h"
+#include "filter/DirtyRegion.h"
+#include "filter/LayerPicture.h"
 #include "graphics/paint/native/BitmapPixels.h"
-
-#include <wx/bitmap.h>
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 namespace authfilter {
 
@@ -21,35 +16,33 @@ struct CBackground {
   std::ptrdiff_t stride = 0;
 };
 
-/// One repaint of a page in progress. The background reaches the page together with the first picture that is laid
-/// over it, in one pass; a drawing surface is opened, and the toolkit locked, only when a layer draws.
+/// One repaint of a region of the frame in progress. The background gets there together with the first picture that is
+/// laid over it, in one pass. No pixel outside of the region is written.
 class CFrame {
 public:
   /// All that is passed in must outlive the frame.
-  CFrame(wxBitmap& bitmap, graphics::CBitmapSurface& surface, CBackground background,
-         const graphics::CTransform& pageTransform);
+  CFrame(const graphics::CPixels& pixels, CBackground background, const CDirtyRegion& region, CCanvas& canvas)
+      : pixels_(pixels), background_(background), region_(region), canvas_(canvas) {}
   ~CFrame();
   CFrame(const CFrame&) = delete;
   CFrame& operator=(const CFrame&) = delete;
 
-  /// Where and at which scale layers paint. Its dc is null as long as nobody draws.
-  const graphics::CPaintContext& Geometry() const { return context_; }
+  const CPageGeometry& Geometry() const { return canvas_.Geometry(); }
+  /// Where layers draw the pictures that they blend.
+  CCanvas& Canvas() { return canvas_; }
+  /// True if something in the area is to be painted.
+  bool Touches(const wxRect& area) const { return region_.Touches(area); }
 
-  /// Lays a picture of the page's size over what is there.
-  void Blend(const graphics::CPixels& picture, const CCoverage& coverage);
-
-  /// The context to draw with, on top of what is there.
-  graphics::CPaintContext& Draw();
+  /// Lays a picture over what is there.
+  void Blend(const CLayerPicture& picture);
 
 private:
-  void SettleBackground();
+  void BlendRow(int y, const wxRect& part, const CLayerPicture& picture);
 
-  wxBitmap& bitmap_;
-  graphics::CBitmapSurface& surface_;
+  const graphics::CPixels& pixels_;
   CBackground background_;
-  graphics::CPaintContext context_;
-  std::optional<graphics::CToolkitLock> lock_;
-  std::optional<graphics::CBitmapEffectDC> dc_;
+  const CDirtyRegion& region_;
+  CCanvas& canvas_;
 };
 
 }  // namespace authfilter

@@ -2,6 +2,9 @@
 
 #include "filter/PageLoad.h"
 #include "filter/StartUp.h"
+#include "graphics/paint/Toolkit.h"
+
+#include <algorithm>
 
 namespace authfilter {
 
@@ -9,6 +12,7 @@ CInfoStore::~CInfoStore() {
   const graphics::CToolkitLock lock;
   pluginData.reset();
   pixelAccess.reset();
+  canvas_.reset();
   pageSurface.reset();
   pageBitmap.reset();
   resourceStore = nullptr;
@@ -60,10 +64,31 @@ void CInfoStore::NewThread() {
 
 void CInfoStore::Repaint() {
   repaint = false;
+  const graphics::CPixels& page = pageSurface->Pixels();
+  if (!canvas_) canvas_.emplace(CPageGeometry{pageTransform.GetCurrent(), wxRect(0, 0, page.width, page.height)});
+  const CPageGeometry& geometry = canvas_->Geometry();
+  const CDirtyRegion region = noAlpha && paintedOnBlack ? ChangedRegion(geometry) : CDirtyRegion(geometry.frame);
+  if (region.IsEmpty()) return;
+
+  // Until all layers are through, the frame is neither the old one nor the new one.
+  paintedOnBlack = false;
   CBackground background{inputPixels, inputStride};
   if (noAlpha) background = {reinterpret_cast<const std::uint8_t*>(blackRow_.data()), 0};
-  CFrame frame(*pageBitmap, *pageSurface, background, pageTransform);
-  for (const auto& layer : layers) layer->Paint(frame);
+  {
+    CFrame frame(page, background, region, *canvas_);
+    for (const auto& layer : layers) layer->Paint(frame);
+  }
+  pageSurface->MarkDirty();
+  const auto mayChange = [](const auto& layer) { return layer->MayChange(); };
+  if (std::none_of(layers.begin(), layers.end(), mayChange)) canvas_->Release();
+  paintedOnBlack = noAlpha;
+}
+
+CDirtyRegion CInfoStore::ChangedRegion(const CPageGeometry& geometry) const {
+  CDirtyRegion region;
+  for (const auto& layer : layers)
+    if (layer->HasChanged()) region.Add(layer->GetArea(geometry));
+  return region;
 }
 
 }  // namespace authfilter

@@ -58,6 +58,8 @@ struct CInfoStore {
   std::optional<graphics::CBitmapSurface> pageSurface;
   bool opened = false;
   bool repaint = true;
+  /// The frame shows all layers over black: a repaint under noAlpha needs to paint only where a layer has changed.
+  bool paintedOnBlack = false;
   graphics::CTransform pageTransform;
   wxString filterBaseDir;
   wxString animationBaseDir;
@@ -71,9 +73,11 @@ struct CInfoStore {
 
 private:
   void Repaint();
+  CDirtyRegion ChangedRegion(const CPageGeometry& geometry) const;
 
   /// What lies below every row of a page on black.
   std::vector<std::uint32_t> blackRow_;
+  std::optional<CCanvas> canvas_;
 };
 
 }  // namespace authfilter

@@ -19,6 +19,12 @@ public:
   /// 1 for a layer of one element that may change from frame to frame, 0 for one that never does.
   virtual std::int32_t IsExclusive() const = 0;
   virtual void Paint(CFrame& frame) = 0;
+  /// False if it shows the same in all frames.
+  virtual bool MayChange() const { return false; }
+  /// True if it would show something else than when it was painted last. Takes no lock.
+  virtual bool HasChanged() const { return false; }
+  /// The pixels that it may touch.
+  virtual wxRect GetArea(const CPageGeometry& geometry) const { return geometry.frame; }
 
   /// Moves the layer's animations on by one frame of the host. True if the layer must be painted again.
   virtual bool NextFrame() { return false; }

@@ -20,8 +20,8 @@ class TEffectGraphicsContext;
 namespace graphics::animation {
 
 /// Pictures that follow one another, a position among them, and how long each one stays. It doesn't run by itself:
-/// somebody calls Next. Stepping touches no picture and needs no lock; everything else is called with the toolkit's
-/// lock held.
+/// somebody calls Next. Stepping, and asking which picture is there, touch no picture and need no lock; everything else
+/// is called with the toolkit's lock held.
 class IAnimation : public virtual orlo::IBase {
 public:
   virtual void Rewind() = 0;

@@ -1,46 +1,9 @@
-#include "tests/filter/PageTest.h"
-
-#include <wx/image.h>
-#include <wx/mstream.h>
+#include "tests/filter/AnimatedPage.h"
 
 namespace authfilter {
 namespace {
 
-class AnimatedPage : public CPageTest {
-protected:
-  AnimatedPage() {
-    const graphics::CToolkitLock lock;
-    if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) wxInitAllImageHandlers();
-    store.frameRateNum = 25;
-    store.frameRateDen = 1;
-  }
-
-  /// A picture of one colour as page files hold it.
-  static std::string Encoded(const wxColour& colour) {
-    const graphics::CToolkitLock lock;
-    wxImage image(4, 4);
-    image.SetRGB(wxRect(0, 0, 4, 4), colour.Red(), colour.Green(), colour.Blue());
-    wxMemoryOutputStream stream;
-    image.SaveFile(stream, wxBITMAP_TYPE_PNG);
-    const auto* const start = static_cast<const unsigned char*>(stream.GetOutputStreamBuffer()->GetBufferStart());
-    return graphics::EncodeBase64({start, static_cast<std::size_t>(stream.GetLength())});
-  }
-  static std::string Bitmap(const std::string& name, const wxColour& colour) {
-    return "<" + name + " extension=\"png\"><![CDATA[" + Encoded(colour) + "]]></" + name + ">";
-  }
-
-  static std::string Image(int x, int y, int width, int height, const std::string& animation) {
-    return R"(<animation type-name="animation-image">)" + Frame(x, y, width, height) + animation + "</animation>";
-  }
-  /// Red and blue in turn.
-  static std::string TwoColours(int delay, bool loop) {
-    return R"(<animation type="animation" count="2" delay=")" + std::to_string(delay) + R"(" loop=")" +
-           (loop ? "true" : "false") + "\">" + Bitmap("frame0", *wxRED) + Bitmap("frame1", *wxBLUE) + "</animation>";
-  }
-
-  const Pixel kRedPixel{0, 0, 255, 255};
-  const Pixel kBluePixel{255, 0, 0, 255};
-};
+class AnimatedPage : public CAnimatedPage {};
 
 TEST_F(AnimatedPage, GivesEachAnimatedImageALayerInItsPlace) {
   Open(Rectangle(0, 0, 10, 10, kRed) + Image(20, 0, 10, 10, TwoColours(80, true)) +

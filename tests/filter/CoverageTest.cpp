@@ -69,6 +69,37 @@ TEST(Coverage, JoinsShortRunsOverShortGaps) {
   EXPECT_EQ(runs[1].x, 69);
 }
 
+TEST(Coverage, GivesTheRunsOfAPartOfARow) {
+  CRowPicture picture(alphas({{255, 20}, {0, 30}, {128, 50}, {0, 50}, {255, 50}}));
+  const CCoverage coverage(picture.Pixels());
+  ASSERT_EQ(coverage.Row(0).size(), 3u);
+  EXPECT_EQ(coverage.Row(0, 0, 200).size(), 3u);
+  EXPECT_EQ(coverage.Row(0, 19, 50).size(), 1u);
+  EXPECT_EQ(coverage.Row(0, 20, 50).size(), 0u);
+  EXPECT_EQ(coverage.Row(0, 20, 51).size(), 1u);
+  EXPECT_EQ(coverage.Row(0, 99, 151).size(), 2u);
+}
+
+TEST(Coverage, IsCutToItsBounds) {
+  CRowPicture picture(alphas({{0, 30}, {128, 50}, {0, 50}, {255, 50}, {0, 7}}));
+  CCoverage coverage(picture.Pixels());
+  const wxRect bounds = coverage.GetBounds();
+  EXPECT_EQ(bounds, wxRect(30, 0, 150, 1));
+  coverage.CutTo(bounds);
+  ASSERT_EQ(coverage.Row(0).size(), 2u);
+  EXPECT_EQ(coverage.Row(0)[0].x, 0);
+  EXPECT_EQ(coverage.Row(0)[1].x, 100);
+  EXPECT_EQ(coverage.GetBounds(), wxRect(0, 0, 150, 1));
+}
+
+TEST(Coverage, OfATransparentPictureIsCutToNothing) {
+  CRowPicture picture(alphas({{0, 30}}));
+  CCoverage coverage(picture.Pixels());
+  EXPECT_TRUE(coverage.GetBounds().IsEmpty());
+  coverage.CutTo(coverage.GetBounds());
+  EXPECT_TRUE(coverage.GetBounds().IsEmpty());
+}
+
 TEST(Coverage, HoldsEveryPixelThatIsNotTransparentOnceAndCallsOnlyOpaqueOnesOpaque) {
   std::mt19937 random(7);
   for (int round = 0; round < 200; ++round) {

@@ -1,0 +1,39 @@
+#include "filter/ElementArea.h"
+
+#include "graphics/animation/GraphicAnimationImage.h"
+#include "graphics/elements/ElementBox.h"
+#include "graphics/elements/GraphicMirror.h"
+#include "graphics/geometry/Angles.h"
+#include "graphics/paint/PixelRange.h"
+
+#include <cmath>
+
+namespace authfilter {
+
+namespace {
+
+/// All pixels that the rectangle has a part in, and one more on each side: edges are smoothed, and some kinds round
+/// towards zero.
+wxRect pixelsAround(graphics::CDoublePoint centre, double width, double height) {
+  const int left = graphics::FloorToPixel(centre.x - width / 2) - 1;
+  const int top = graphics::FloorToPixel(centre.y - height / 2) - 1;
+  const int right = graphics::FloorToPixel(centre.x + width / 2) + 2;
+  const int bottom = graphics::FloorToPixel(centre.y + height / 2) + 2;
+  return {left, top, right - left, bottom - top};
+}
+
+}  // namespace
+
+wxRect AreaOf(const graphics::CGraphicElement& element, const CPageGeometry& geometry) {
+  const bool turns = dynamic_cast<const graphics::animation::CGraphicAnimationImage*>(&element);
+  if (!turns && !dynamic_cast<const graphics::CGraphicMirror*>(&element)) return geometry.frame;
+
+  const graphics::CDoubleRect box = geometry.matrix.MapRect(graphics::FrameOf(element));
+  const double angle = turns ? graphics::DegToRad(element.GetRotation()) : 0.0;
+  const double cosine = std::abs(std::cos(angle)), sine = std::abs(std::sin(angle));
+  const double width = std::abs(box.width), height = std::abs(box.height);
+  return pixelsAround(box.GetCenter(), width * cosine + height * sine, width * sine + height * cosine)
+      .Intersect(geometry.frame);
+}
+
+}  // namespace authfilter
