@@ -54,7 +54,7 @@ CMessageQueue::CMessageQueue() : poll_(epoll_create1(EPOLL_CLOEXEC)), wake_(even
 
 bool CMessageQueue::post(const CMessage& message) {
   const std::lock_guard lock(mutex_);
-  if (posts_.size() >= kMaxPosts) return false;
+  if (posts_.size() >= kMaxPosts || !isOurs()) return false;
   posts_.push_back(message);
   if (posts_.size() == 1) eventfd_write(wake_.get(), 1);
   return true;
@@ -87,7 +87,7 @@ void CMessageQueue::addSource(ITickSource* source) {
 void CMessageQueue::removeSource(ITickSource* source) {
   const std::lock_guard lock(mutex_);
   std::erase(sources_, source);
-  epoll_ctl(poll_.get(), EPOLL_CTL_DEL, source->getFile(), nullptr);
+  if (isOurs()) epoll_ctl(poll_.get(), EPOLL_CTL_DEL, source->getFile(), nullptr);
 }
 
 bool CMessageQueue::processMessage(std::uint32_t milliseconds, const Filter& filter) {
@@ -126,7 +126,7 @@ bool CMessageQueue::processAllMessages(const Filter& filter) {
 }
 
 void CMessageQueue::checkThread() {
-  if (std::this_thread::get_id() != thread_)
+  if (std::this_thread::get_id() != thread_ || !isOurs())
     throw CInvalidObjectStateError("messages are processed on the thread that they are for", this, nullptr);
 }
 
@@ -169,7 +169,7 @@ void CMessageQueue::dispatch(const CMessage& message, const Filter& filter) {
 // The file is readable as long as posted messages wait, not once for each of them.
 void CMessageQueue::calmIfEmpty() {
   eventfd_t count = 0;
-  if (posts_.empty()) eventfd_read(wake_.get(), &count);
+  if (posts_.empty() && isOurs()) eventfd_read(wake_.get(), &count);
 }
 
 }  // namespace orlo::posix

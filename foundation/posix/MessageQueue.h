@@ -10,7 +10,9 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <sys/types.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace orlo::posix {
@@ -56,6 +58,10 @@ public:
   /// A file that is readable while something waits, for hosts that wait for files of their own.
   int getHandle() const { return poll_.get(); }
 
+  /// Whether this is the process that made the queue. One that was forked from it has the same files and must keep its
+  /// hands off them: messages do not follow it.
+  bool isOurs() const { return getpid() == process_; }
+
   /// From any thread. False if the queue is full.
   bool post(const CMessage& message);
 
@@ -67,7 +73,7 @@ public:
   void removeSource(ITickSource* source);
 
   /// Dispatches one message, posted ones first, and waits for one up to that many milliseconds; whether there was one.
-  /// Throws CInvalidObjectStateError on a thread that the queue is not for.
+  /// Throws CInvalidObjectStateError on a thread or in a process that the queue is not for.
   bool processMessage(std::uint32_t milliseconds, const Filter& filter = {});
   /// Dispatches all that waits now, of each timer one tick; whether there was any. What comes meanwhile is left for the
   /// next time, so that this ends whatever the listeners do. Throws as processMessage does.
@@ -82,6 +88,7 @@ private:
   void dispatch(const CMessage& message, const Filter& filter);
   void calmIfEmpty();
 
+  const pid_t process_ = getpid();
   const std::thread::id thread_ = std::this_thread::get_id();
   CFileHandle poll_;
   CFileHandle wake_;

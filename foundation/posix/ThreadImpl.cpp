@@ -1,6 +1,5 @@
 #include "foundation/posix/ThreadImpl.h"
 
-#include "foundation/ThreadLocalStorageManager.h"
 #include "foundation/posix/SystemError.h"
 #include "foundation/posix/ThreadPriority.h"
 
@@ -72,7 +71,7 @@ void CThreadImpl::begin() {
 
 void CThreadImpl::end() {
   action_ = nullptr;
-  getThreadLocalStorageManager()->endThread();
+  slots_->endThread();
   const std::lock_guard lock(mutex_);
   ended_ = true;
   changed_.notify_all();

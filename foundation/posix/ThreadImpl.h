@@ -2,6 +2,7 @@
 
 #include "foundation/Error.h"
 #include "foundation/Thread.h"
+#include "foundation/ThreadLocalStorageManager.h"
 #include "foundation/ThreadManager.h"
 
 #include <condition_variable>
@@ -40,6 +41,8 @@ private:
   bool joined_ = false;
   P<IAction> action_;
   P<CException> error_;
+  /// Held, so that the thread can clean its slots while the singletons go.
+  P<CThreadLocalStorageManager> slots_ = getThreadLocalStorageManager();
   std::mutex mutex_;
   std::mutex joinMutex_;
   std::condition_variable changed_;

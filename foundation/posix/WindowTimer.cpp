@@ -59,6 +59,7 @@ bool CWindowTimer::takeTick(CMessage& message) {
 
 // Setting a timer takes back the ticks that wait in it.
 bool CWindowTimer::set(std::int32_t milliseconds) {
+  if (!queue().isOurs()) return false;
   const timespec time{milliseconds / 1000, milliseconds % 1000 * 1000000L};
   const itimerspec both{time, time};
   return timerfd_settime(file_.get(), 0, &both, nullptr) == 0;

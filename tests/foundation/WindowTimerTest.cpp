@@ -1,5 +1,6 @@
 #include "foundation/Error.h"
 #include "foundation/posix/WindowTimer.h"
+#include "tests/foundation/ChildProcess.h"
 #include "tests/foundation/Counted.h"
 #include "tests/foundation/OpenFiles.h"
 #include "tests/foundation/TextOf.h"
@@ -337,6 +338,39 @@ TEST_F(WindowTimer, MayEndOnAnotherThread) {
   other->start();
   std::thread([&] { other = nullptr; }).join();
   EXPECT_FALSE(queue->processMessage(5));
+}
+
+TEST_F(WindowTimer, IsNotStoppedByAForkedProcessThatEnds) {
+  P<CWindowTimer> other = makeObject<CWindowTimer>();
+  other->setInterval(1);
+  other->addListener(&counter);
+  other->start();
+  CChildProcess([&](CChildProcess&) {
+    other->post(1, 0, 0);
+    other->stop();
+    other = nullptr;
+  }).join();
+  EXPECT_TRUE(queue->processMessage(kLong));
+  EXPECT_TRUE(queue->processMessage(kLong));
+  EXPECT_EQ(ticks, 2);
+}
+
+TEST_F(WindowTimer, DoesNotTickInAForkedProcess) {
+  letATickWait();
+  const pid_t child = fork();
+  if (child == 0) {
+    try {
+      queue->processAllMessages();
+    } catch (const CInvalidObjectStateError&) {
+      _exit(ticks);
+    }
+    _exit(100);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_TRUE(queue->processMessage(0));
+  EXPECT_EQ(ticks, 1);
 }
 
 }  // namespace
