@@ -97,6 +97,7 @@ private:
     long count;  // of elements, with those inside
     Bounds bounds;
     bool beingRead;
+    bool onPage;  // and not only in other elements
   };
   // The element whose nodes are being read; with the number of the skin within it if that is being read.
   struct Owner {
@@ -163,7 +164,7 @@ private:
       content_.skins.insert(unique);
       if (const auto known = shared_.find(unique); known != shared_.end())
         return visitReference(node, nullptr, type, unique, known->second);
-      shared_[unique] = {type, nullptr, lineOf(node), 0, {}, true};
+      shared_[unique] = {type, nullptr, lineOf(node), 0, {}, true, false};
     }
     const long before = count_;
     ++count_;
@@ -214,7 +215,7 @@ private:
       ++content_.uses[unique];
       if (const auto known = shared_.find(unique); known != shared_.end())
         return visitReference(node, kind, type, unique, known->second);
-      shared_[unique] = {type, kind, lineOf(node), 0, boundsOf(node), true};
+      shared_[unique] = {type, kind, lineOf(node), 0, boundsOf(node), true, !owner_.node};
     }
 
     const long before = count_;
@@ -261,7 +262,7 @@ private:
   }
 
   void visitReference(const xmlNode& node, const ElementKind* kind, const std::string& type, long long unique,
-                      const Shared& shared) {
+                      Shared& shared) {
     const std::string number = "unique=\"" + std::to_string(unique) + "\"";
     const std::string place = " of line " + std::to_string(shared.line);
     if (!shared.type.empty() && !sameName(shared.type, type))
@@ -274,6 +275,9 @@ private:
     }
     if (firstElement(node))
       warning(node, tagOf(node) + " shows " + number + place + " again; the nodes in it are ignored");
+    if (shared.onPage && !owner_.node && shared.kind && shared.kind->name == "animation")
+      warning(node, number + place + " moves on for each element that shows it, so it is too fast");
+    shared.onPage |= !owner_.node;
     cover(shared.bounds);
     count_ += shared.count;
     limitCount(node);

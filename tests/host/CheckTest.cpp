@@ -203,6 +203,18 @@ TEST(Check, TellsFramesThatAreNone) {
             "page.xml:5: error: <frame0> of <animation> 'Reel' is no PNG, JPEG or BMP picture\n");
 }
 
+TEST(Check, TellsAnimationsThatMoveTooFast) {
+  const Folder folder;
+  const std::string reference = "<animation type=\"animation-image\" unique=\"5\"/>";
+  const std::string first = "<animation type=\"animation-image\" unique=\"5\">" + place +
+                            "<animation type=\"gif\" count=\"1\">" + frames(folder, "gif", 0, 1) +
+                            "</animation></animation>";
+  EXPECT_EQ(warnings(first + "\n<mirror>" + place + "<graphic-document>" + reference + "</graphic-document></mirror>"),
+            "");
+  EXPECT_EQ(warnings(first + "\n" + reference),
+            "page.xml:5: warning: unique=\"5\" of line 4 moves on for each element that shows it, so it is too fast\n");
+}
+
 TEST(Check, TellsAnimationsWithTooManyFrames) {
   EXPECT_THAT(errors(animation("gif", " count=\"100001\"", "")),
               HasSubstr("error: an animation has at most 100000 frames; the module refuses the page\n"));
