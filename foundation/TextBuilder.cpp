@@ -9,10 +9,12 @@
 
 namespace orlo {
 
-CTextBuilder::CTextBuilder(ICharEncoding& encoding) : encoding_(&encoding), maxCharSize_(encoding.getMaxCharSize()) {}
+CTextBuilder::CTextBuilder(ICharEncoding& encoding)
+    : encoding_(&encoding),
+      maxCharSize_(encoding.getMaxCharSize()),
+      asciiSize_(encoding.getId() == kCodePageTag ? 0 : encoding.getEncodedSize(U'A')) {}
 
-void CTextBuilder::append(char32_t codePoint) {
-  if (static_cast<int>(bytes_.size()) - size_ < maxCharSize_) grow();
+void CTextBuilder::appendEncoded(char32_t codePoint) {
   const int behind = encoding_->encode(codePoint, bytes_.data(), static_cast<int>(bytes_.size()), size_);
   if (behind >= 0) size_ = behind;
 }
