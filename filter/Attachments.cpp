@@ -1,6 +1,10 @@
 #include "filter/Attachments.h"
 
 #include "filter/InfoStore.h"
+#include "foundation/Error.h"
+#include "foundation/Pathes.h"
+#include "foundation/URI.h"
+#include "foundation/wxutil/WXString.h"
 #include "graphics/paint/Toolkit.h"
 
 #include <wx/filename.h>
@@ -8,29 +12,18 @@
 #include <wx/strconv.h>
 #include <wx/wfstream.h>
 
-#include <charconv>
-#include <string>
-#include <string_view>
-
 namespace authfilter {
 
 namespace {
 
-wxString PathOf(std::string_view uri) {
-  constexpr std::string_view kFile = "file://";
-  if (uri.starts_with(kFile)) uri.remove_prefix(kFile.size());
-  std::string path;
-  for (std::size_t i = 0; i < uri.size(); ++i) {
-    const char* const digits = uri.data() + i + 1;
-    unsigned char byte = 0;
-    if (uri[i] == '%' && i + 2 < uri.size() && std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
-      path += static_cast<char>(byte);
-      i += 2;
-    } else {
-      path += uri[i];
-    }
+/// Empty for what is no URI.
+wxString PathOf(const char* uri) {
+  try {
+    const auto parsed = orlo::makeObject<orlo::CURI>(wxutil::fromWxString(wxString(uri, *wxConvFileName)));
+    return wxutil::toWxString(orlo::getPathes()->uriToPath(parsed));
+  } catch (const orlo::CException&) {
+    return {};
   }
-  return wxString(path.data(), *wxConvFileName, path.size());
 }
 
 }  // namespace

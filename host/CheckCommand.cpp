@@ -1,5 +1,6 @@
 #include "host/CheckCommand.h"
 
+#include "host/Archive.h"
 #include "host/Base64.h"
 #include "host/Errors.h"
 #include "host/Instance.h"
@@ -11,6 +12,7 @@
 #include "host/PageSummary.h"
 
 #include <cstdio>
+#include <optional>
 
 namespace host {
 
@@ -32,7 +34,7 @@ void print(const std::string& path, const Findings& findings) {
 }
 
 // Opens the page and draws a frame of it. What the module says is told unless it was known already.
-void tryModule(const PageFile& page, PageContent& content) {
+void tryModule(const PageFile& page, const std::string& attachments, PageContent& content) {
   const PageDiagnosis shape{content.size.width, content.size.height, 0};
   const Size size = shape.suggestSize(lines);
   if (!shape.fits(size))
@@ -41,6 +43,7 @@ void tryModule(const PageFile& page, PageContent& content) {
     Instance instance;
     const bool taken = instance.set("width", std::to_string(size.width)) &&
                        instance.set("height", std::to_string(size.height)) && instance.set("noalpha", "1") &&
+                       (attachments.empty() || instance.set("attachments", attachments)) &&
                        instance.set("plugindata", toBase64(page.xml));
     if (!taken) return content.findings.error(0, "the module says: " + instance.lastError());
     instance.open();
@@ -55,6 +58,12 @@ void tryModule(const PageFile& page, PageContent& content) {
 
 bool check(const CheckOptions& options) {
   const PageFile page = readPage(options.page);
+  std::string attachments;
+  std::optional<ResourceArchive> archive;
+  if (!options.attachments.empty()) {
+    attachments = archiveUri(options.attachments);
+    archive = ResourceArchive{options.attachments, readArchiveNames(options.attachments)};
+  }
   std::vector<XmlProblem> problems;
   const XmlDocument document = readXml(page.xml, problems);
   if (!document) {
@@ -67,8 +76,8 @@ bool check(const CheckOptions& options) {
 
   checkInterrupt();
   PageContent content = readContent(*xmlDocGetRootElement(document.get()));
-  const std::vector<Resource> resources = readResources(content, content.findings);
-  if (content.size.isUsable()) tryModule(page, content);
+  const std::vector<Resource> resources = readResources(content, archive, content.findings);
+  if (content.size.isUsable()) tryModule(page, attachments, content);
   checkInterrupt();
   print(page.path, content.findings);
   std::fputs(summarise(content, resources).c_str(), stdout);

@@ -20,6 +20,8 @@ constexpr std::int64_t maxFrame = 1'000'000'000;
 constexpr double maxDuration = 24 * 60 * 60;
 constexpr int maxRate = 1000;
 
+constexpr char attachmentsHelp[] = "The archive that the page's pictures and texts lie in";
+
 constexpr char checkFooter[] =
     "Every problem is one line on standard output, with the line of the page that it is in. Errors are what the page\n"
     "is not shown for, or not as it is written; warnings are what is ignored. A summary of what the page holds "
@@ -92,9 +94,10 @@ FrameRange parseFrames(const std::string& text) {
 
 std::pair<std::string, std::string> parseSetting(const std::string& text) {
   static const std::map<std::string, std::string> ownOptions = {
-      {"plugindata", "PAGE"},     {"width", "--size"},       {"height", "--size"},
-      {"noalpha", "--input"},     {"frameratenum", "--fps"}, {"framerateden", "--fps"},
-      {"duration", "--duration"}, {"state", "--state"},      {"skinpath", "--skins"}};
+      {"plugindata", "PAGE"},          {"width", "--size"},       {"height", "--size"},
+      {"noalpha", "--input"},          {"frameratenum", "--fps"}, {"framerateden", "--fps"},
+      {"duration", "--duration"},      {"state", "--state"},      {"skinpath", "--skins"},
+      {"attachments", "--attachments"}};
   const auto equals = text.find('=');
   if (equals == std::string::npos || equals == 0) refuse("--set", text, "KEY=VALUE");
   const std::string key = text.substr(0, equals);
@@ -139,6 +142,7 @@ std::optional<Request> parseOptions(int argc, const char* const* argv) {
       ->excludes(durationOption);
   auto* stateOption = render->add_option("--state", state, "State that action buttons show")->option_text("NAME");
   render->add_option("--skins", options.skins, "Folder of the skins")->option_text("DIR");
+  render->add_option("--attachments", options.attachments, attachmentsHelp)->option_text("ARCHIVE.zip");
   render->add_option("--set", settings, "Any other parameter of the module; may be given again")
       ->option_text("KEY=VALUE")
       ->allow_extra_args(false);
@@ -150,6 +154,8 @@ std::optional<Request> parseOptions(int argc, const char* const* argv) {
   CLI::App* check = app.add_subcommand("check", "Tell what is wrong with a page, and what it holds");
   check->footer(checkFooter);
   check->add_option("page", checkOptions.page, "The page, an XML file")->required()->option_text("PAGE.xml");
+
+  check->add_option("--attachments", checkOptions.attachments, attachmentsHelp)->option_text("ARCHIVE.zip");
 
   try {
     app.parse(argc, argv);

@@ -21,6 +21,7 @@ struct Options {
   std::optional<FrameRange> frames;
   std::optional<std::string> state;
   std::string skins;
+  std::string attachments;  // a zip archive; empty for none
   std::vector<std::pair<std::string, std::string>> settings;
   std::string output;  // a file that ends in .png or .mp4, or "-"
 };
@@ -28,6 +29,7 @@ struct Options {
 // What `mfilter check` was asked to do.
 struct CheckOptions {
   std::string page;
+  std::string attachments;
 };
 
 using Request = std::variant<Options, CheckOptions>;

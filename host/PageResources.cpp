@@ -1,8 +1,10 @@
 #include "host/PageResources.h"
 
+#include "host/Archive.h"
 #include "host/Base64.h"
 #include "host/ElementFaults.h"
 #include "host/Errors.h"
+#include "host/FileName.h"
 #include "host/Interrupt.h"
 #include "host/PageFile.h"
 #include "host/RichTextLimits.h"
@@ -56,7 +58,8 @@ long countParagraphs(const xmlNode& richText) {
 
 class Reader {
 public:
-  Reader(const PageContent& content, Findings& findings) : content_(content), findings_(findings) {}
+  Reader(const PageContent& content, const std::optional<ResourceArchive>& archive, Findings& findings)
+      : content_(content), archive_(archive), findings_(findings) {}
 
   std::vector<Resource> run() {
     for (const Attachment& attachment : content_.attachments) {
@@ -74,8 +77,13 @@ private:
   void readAttachment(const Attachment& attachment) {
     const xmlNode& node = *attachment.node;
     const std::string place = attachment.element ? tagOf(node) + " of " + describe(*attachment.element) : tagOf(node);
+    const std::string name = findProperty(node, "name").value_or("");
+    if (archive_) return findInArchive(attachment, place, name);
     const std::string_view text = contentOf(node);
-    if (text.empty()) return findings_.error(lineOf(node), place + " is empty");
+    if (text.empty())
+      return findings_.error(lineOf(node), name.empty() ? place + " is empty"
+                                                        : place + " is " + inQuotes(name, '"') +
+                                                              " of an archive, which --attachments tells");
     const Decoded decoded = fromBase64(text);
     if (decoded.length < text.size()) return findings_.error(lineOf(node), place + " " + faultAt(text, decoded.length));
 
@@ -105,6 +113,18 @@ private:
   void add(Resource resource, const xmlNode* element) {
     resources_.push_back(std::move(resource));
     last_ = element;
+  }
+
+  void findInArchive(const Attachment& attachment, const std::string& place, const std::string& name) {
+    const bool isPicture = attachment.content == Content::picture;
+    const std::string otherwise = isPicture ? "; the substitute picture is shown instead" : "; there is no text";
+    const auto error = [&](const std::string& text) { findings_.error(lineOf(*attachment.node), place + text); };
+    if (name.empty()) return error(" has no \"name\" of a file in " + archive_->path + otherwise);
+    if (!archive_->names.contains(archiveName(name)))
+      return error(" name=" + inQuotes(name, '"') + ": there is no such file in " + archive_->path + otherwise);
+    const auto endsIn = [&](const char* extension) { return hasExtension(name, extension); };
+    if (isPicture && !endsIn(".png") && !endsIn(".jpg") && !endsIn(".bmp") && !endsIn(".ico"))
+      error(" name=" + inQuotes(name, '"') + ": must end in .png, .jpg, .bmp or .ico" + otherwise);
   }
 
   std::string readEmbedded(const xmlNode& node, std::span<const unsigned char> bytes, Resource& resource) {
@@ -155,6 +175,7 @@ private:
   void readFile(const PictureFile& file) {
     const long line = lineOf(*file.element);
     const std::string name = describe(*file.element) + " filename=" + inQuotes(file.name, '"');
+    if (archive_) return findings_.warning(line, name + " is ignored: pictures come from " + archive_->path);
     if (const auto known = files_.find(file.name); known != files_.end()) {
       if (known->second) resources_[*known->second].uses += usesOf(file.unique);
       return;
@@ -193,6 +214,7 @@ private:
   }
 
   const PageContent& content_;
+  const std::optional<ResourceArchive>& archive_;
   Findings& findings_;
   std::vector<Resource> resources_;
   const xmlNode* last_ = nullptr;                            // the element of the last one
@@ -202,8 +224,9 @@ private:
 
 }  // namespace
 
-std::vector<Resource> readResources(const PageContent& content, Findings& findings) {
-  return Reader(content, findings).run();
+std::vector<Resource> readResources(const PageContent& content, const std::optional<ResourceArchive>& archive,
+                                    Findings& findings) {
+  return Reader(content, archive, findings).run();
 }
 
 }  // namespace host

@@ -4,6 +4,8 @@
 #include "host/PageContent.h"
 
 #include <cstdint>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,7 +25,15 @@ struct Resource {
   long uses = 1;
 };
 
-// Reads every resource, notes what is wrong with it, and gives those that are what they should be. Throws Interrupted.
-std::vector<Resource> readResources(const PageContent& content, Findings& findings);
+// The archive that resources lie in instead.
+struct ResourceArchive {
+  std::string path;
+  std::set<std::string> names;
+};
+
+// Reads every resource, notes what is wrong with it, and gives those that are what they should be. Of resources in an
+// archive, only the names are looked at. Throws Interrupted.
+std::vector<Resource> readResources(const PageContent& content, const std::optional<ResourceArchive>& archive,
+                                    Findings& findings);
 
 }  // namespace host

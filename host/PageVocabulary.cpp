@@ -104,9 +104,10 @@ constexpr PropertyForm gradientProperties[] = {{"ok", &boolean}};
 constexpr ChildForm gradientChildren[] = {{"start", &colourForm}, {"end", &colourForm}};
 constexpr NodeForm gradient{nullptr, gradientProperties, gradientChildren};
 
-constexpr PropertyForm pictureProperties[] = {{"extension", &extension}};
+constexpr PropertyForm pictureProperties[] = {{"extension", &extension}, {"name", &text}};
 constexpr NodeForm picture{nullptr, pictureProperties, {}, nullptr, false, Content::picture};
-constexpr NodeForm richText{nullptr, {}, {}, nullptr, false, Content::richText};
+constexpr PropertyForm richTextProperties[] = {{"name", &text}};
+constexpr NodeForm richText{nullptr, richTextProperties, {}, nullptr, false, Content::richText};
 
 constexpr NodeForm tag{nullptr, {}, {}};
 constexpr NodeForm tags{nullptr, {}, {}, &tag};

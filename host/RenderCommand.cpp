@@ -1,5 +1,6 @@
 #include "host/RenderCommand.h"
 
+#include "host/Archive.h"
 #include "host/Base64.h"
 #include "host/Errors.h"
 #include "host/FileName.h"
@@ -99,6 +100,7 @@ private:
       if (!std::filesystem::is_directory(options_.skins)) throw InputError(located(options_.skins, "not a folder"));
       must("skinpath", options_.skins);
     }
+    if (!options_.attachments.empty()) must("attachments", archiveUri(options_.attachments));
     for (const auto& [key, value] : options_.settings) {
       if (!instance.set(key, value)) throw UsageError("--set " + key + ": " + oneLine(instance.lastError()));
     }

@@ -7,20 +7,25 @@ A page holds its pictures and rich texts in base64. A source in samples/sources/
   folder as 0.png, 1.png ..., <animation type="animation" delay="30" loop="true" file="pictures/lanterns"/>
 - a rich text stands as such:  <attachment-richtextbuffer><richtext>...</richtext></attachment-richtextbuffer>
 
-Usage: samples/compose.py             writes samples/NAME.xml for each samples/sources/NAME.xml
+The page of zip-menu/ has them in an archive beside it instead, under names.
+
+Usage: samples/compose.py             writes samples/NAME.xml for each samples/sources/NAME.xml, and samples/zip-menu/
        samples/compose.py --check     says which of them are not what their source gives
        samples/compose.py SOURCE      writes the page of any source to standard output
 """
 
 import base64
+import io
 import re
 import sys
+import zipfile
 import zlib
 from pathlib import Path
 
 import gif
 
 SAMPLES = Path(__file__).resolve().parent
+ARCHIVED = "chapter-menu.xml"
 
 ANIMATION = re.compile(r'<animation ([^>]*?) ?file="([^"]+)"/>')
 PICTURE = re.compile(r'<([\w-]+) file="([^"]+)"/>')
@@ -48,6 +53,10 @@ def folder_nodes(folder):
     return len(pictures), [attachment(f"frame{i}", "png", path.read_bytes()) for i, path in enumerate(pictures)]
 
 
+def rich_text_file(richtext):
+    return ('<?xml version="1.0" encoding="UTF-8"?>\n' + re.sub(r">\s+<", "><", richtext)).encode()
+
+
 def compose(source, folder):
     """The page of a source whose pictures lie in a folder."""
 
@@ -61,8 +70,7 @@ def compose(source, folder):
         return attachment(match[1], path.suffix[1:], path.read_bytes())
 
     def rich_text(match):
-        text = '<?xml version="1.0" encoding="UTF-8"?>\n' + re.sub(r">\s+<", "><", match[1])
-        return f"<attachment-richtextbuffer><![CDATA[{encode(text.encode())}]]></attachment-richtextbuffer>"
+        return f"<attachment-richtextbuffer><![CDATA[{encode(rich_text_file(match[1]))}]]></attachment-richtextbuffer>"
 
     return RICH_TEXT.sub(rich_text, PICTURE.sub(picture, ANIMATION.sub(animation, source)))
 
@@ -89,19 +97,54 @@ def is_same(page, other):
     return page == other or plain(page) == plain(other)
 
 
+def compose_with_archive(source, folder):
+    """The page of a source, and the archive that its pictures and rich texts lie in."""
+    files = {}
+
+    def picture(match):
+        files[match[2]] = (folder / match[2]).read_bytes()
+        return f'<{match[1]} name="{match[2]}"/>'
+
+    def rich_text(match):
+        text = rich_text_file(match[1])
+        name = next((known for known, content in files.items() if content == text), f"texts/{len(files):02}.xml")
+        files[name] = text
+        return f'<attachment-richtextbuffer name="{name}"/>'
+
+    page = RICH_TEXT.sub(rich_text, PICTURE.sub(picture, source))
+    archive = io.BytesIO()
+    # Stored and of a fixed time, so that the bytes are the same wherever it is made.
+    with zipfile.ZipFile(archive, "w", zipfile.ZIP_STORED) as target:
+        for name, content in files.items():
+            info = zipfile.ZipInfo(name)
+            info.create_system = 3
+            target.writestr(info, content)
+    return page, archive.getvalue()
+
+
+def outputs():
+    """What is written, and the source that it is made of."""
+    for source in sorted((SAMPLES / "sources").glob("*.xml")):
+        text = source.read_text(encoding="utf-8")
+        yield SAMPLES / source.name, compose(text, source.parent).encode(), source
+        if source.name == ARCHIVED:
+            page, archive = compose_with_archive(text, source.parent)
+            yield SAMPLES / "zip-menu" / "menu.xml", page.encode(), source
+            yield SAMPLES / "zip-menu" / "menu.zip", archive, source
+
+
 def main(arguments):
     if arguments and arguments[0] != "--check":
         source = Path(arguments[0])
         sys.stdout.write(compose(source.read_text(encoding="utf-8"), source.parent))
         return 0
     stale = 0
-    for source in sorted((SAMPLES / "sources").glob("*.xml")):
-        page = SAMPLES / source.name
-        text = compose(source.read_text(encoding="utf-8"), source.parent)
+    for target, content, source in outputs():
         if not arguments:
-            page.write_text(text, encoding="utf-8")
-        elif not page.exists() or not is_same(page.read_text(encoding="utf-8"), text):
-            print(f"{page} is not what {source} gives; run samples/compose.py")
+            target.parent.mkdir(exist_ok=True)
+            target.write_bytes(content)
+        elif not target.exists() or not is_same(target.read_bytes().decode("latin-1"), content.decode("latin-1")):
+            print(f"{target} is not what {source} gives; run samples/compose.py")
             stale = 1
     return stale
 

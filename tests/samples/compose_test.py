@@ -2,10 +2,12 @@
 """What samples/compose.py makes of a source, and that its check sees a page that is not what its source gives."""
 
 import base64
+import io
 import struct
 import sys
 import tempfile
 import unittest
+import zipfile
 import zlib
 from pathlib import Path
 
@@ -142,6 +144,17 @@ class Compose(unittest.TestCase):
         self.assertTrue(compose.is_same(first, second))
         other = node.format(compose.encode(gif.png([[(1, 2, 4)] * 40] * 40)))
         self.assertFalse(compose.is_same(first, other))
+    def test_an_archive_holds_each_file_once_and_always_the_same_bytes(self):
+        text = "<attachment-richtextbuffer><richtext>\n <a/></richtext></attachment-richtextbuffer>"
+        source = '<attachment-bitmap file="dot.png"/>' * 2 + text * 2
+        page, archive = compose.compose_with_archive(source, self.root / "sources")
+        self.assertEqual(page, '<attachment-bitmap name="dot.png"/>' * 2 +
+                         '<attachment-richtextbuffer name="texts/01.xml"/>' * 2)
+        self.assertEqual(compose.compose_with_archive(source, self.root / "sources")[1], archive)
+        with zipfile.ZipFile(io.BytesIO(archive)) as opened:
+            self.assertEqual(opened.namelist(), ["dot.png", "texts/01.xml"])
+            self.assertEqual(opened.read("dot.png"), b"\x89PNG")
+            self.assertTrue(opened.read("texts/01.xml").endswith(b"<richtext><a/></richtext>"))
 
     def test_a_fresh_page_passes_and_a_changed_or_missing_one_does_not(self):
         self.write('<page><attachment-bitmap file="dot.png"/></page>')
