@@ -1,8 +1,9 @@
 #include "foundation/Error.h"
-#include "foundation/Singleton.h"
+#include "foundation/System.h"
 #include "foundation/posix/RunningSystem.h"
 #include "tests/foundation/OpenFiles.h"
 #include "tests/foundation/TestWorker.h"
+#include "tests/foundation/TextOf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +12,8 @@
 #include <cstdlib>
 #include <functional>
 #include <optional>
+#include <string>
+#include <sys/resource.h>
 #include <thread>
 #include <vector>
 
@@ -224,20 +227,38 @@ TEST_F(RunningSystem, SeedsTheRandomNumbersOfTheRuntime) {
   EXPECT_NE(std::rand(), first);
 }
 
-/// As a singleton, in use.
-CRunningSystem& usedSystem() {
-  static TSingleton<CRunningSystem> singleton;
-  CRunningSystem& used = *singleton.get([] { return makeObject<CRunningSystem>(); });
-  used.addWorker(worker(20));
-  used.processMessage(kLong);
-  return used;
+void useSystem() {
+  getSystem()->addWorker(worker(20));
+  getSystem()->processMessage(kLong);
+}
+
+TEST(RunningSystemAtStart, SaysSoWhenItCanNotBeMadeAndIsMadeOnceItCan) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        rlimit before{};
+        getrlimit(RLIMIT_NOFILE, &before);
+        rlimit none = before;
+        none.rlim_cur = 0;
+        setrlimit(RLIMIT_NOFILE, &none);
+        std::string message;
+        try {
+          getSystem();
+        } catch (const CError& error) {
+          message = messageOf(error);
+        }
+        setrlimit(RLIMIT_NOFILE, &before);
+        useSystem();
+        std::exit(message == "Error creating window." ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
 }
 
 TEST(RunningSystemAtExit, EndsWithItsProcess) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(
       {
-        usedSystem();
+        useSystem();
         std::exit(0);
       },
       testing::ExitedWithCode(0), "");
@@ -247,7 +268,7 @@ TEST(RunningSystemAtExit, EndsOnAThreadThatDidNotMakeIt) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(
       {
-        usedSystem();
+        useSystem();
         std::thread([] { std::exit(0); }).join();
       },
       testing::ExitedWithCode(0), "");
@@ -257,7 +278,7 @@ TEST(RunningSystemAtExit, EndsAfterTheThreadThatMadeIt) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(
       {
-        std::thread([] { usedSystem(); }).join();
+        std::thread([] { useSystem(); }).join();
         std::exit(0);
       },
       testing::ExitedWithCode(0), "");
