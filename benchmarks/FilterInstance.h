@@ -24,6 +24,7 @@ public:
   CFilterInstance(const CFilterInstance&) = delete;
   CFilterInstance& operator=(const CFilterInstance&) = delete;
 
+  void Set(const char* key, const std::string& value) { mfilter_setParam(handle_, key, value.c_str()); }
   void Open() { mfilter_open(handle_); }
   void SetInput(const void* pixels, int stride) { mfilter_setInputImage(handle_, 0, 0, 0, 0, 0, pixels, stride); }
   const void* Frame() {
@@ -36,8 +37,6 @@ public:
   }
 
 private:
-  void Set(const char* key, const std::string& value) { mfilter_setParam(handle_, key, value.c_str()); }
-
   void* handle_ = nullptr;
 };
 

@@ -12,13 +12,12 @@ namespace authfilter {
 
 namespace {
 
-/// All pixels that the rectangle has a part in, and one more on each side: edges are smoothed, and some kinds round
-/// towards zero.
+/// All pixels that the rectangle has a part in.
 wxRect pixelsAround(graphics::CDoublePoint centre, double width, double height) {
-  const int left = graphics::FloorToPixel(centre.x - width / 2) - 1;
-  const int top = graphics::FloorToPixel(centre.y - height / 2) - 1;
-  const int right = graphics::FloorToPixel(centre.x + width / 2) + 2;
-  const int bottom = graphics::FloorToPixel(centre.y + height / 2) + 2;
+  const int left = graphics::FloorToPixel(centre.x - width / 2);
+  const int top = graphics::FloorToPixel(centre.y - height / 2);
+  const int right = graphics::FloorToPixel(std::ceil(centre.x + width / 2));
+  const int bottom = graphics::FloorToPixel(std::ceil(centre.y + height / 2));
   return {left, top, right - left, bottom - top};
 }
 
@@ -32,8 +31,10 @@ wxRect AreaOf(const graphics::CGraphicElement& element, const CPageGeometry& geo
   const double angle = turns ? graphics::DegToRad(element.GetRotation()) : 0.0;
   const double cosine = std::abs(std::cos(angle)), sine = std::abs(std::sin(angle));
   const double width = std::abs(box.width), height = std::abs(box.height);
-  return pixelsAround(box.GetCenter(), width * cosine + height * sine, width * sine + height * cosine)
-      .Intersect(geometry.frame);
+  wxRect area = pixelsAround(box.GetCenter(), width * cosine + height * sine, width * sine + height * cosine);
+  // The corners of a turned frame come out as numbers that are not quite whole, and a mirror rounds towards zero.
+  if (sine != 0 || !turns) area.Inflate(1);
+  return area.Intersect(geometry.frame);
 }
 
 }  // namespace authfilter
