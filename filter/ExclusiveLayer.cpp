@@ -19,14 +19,26 @@ CExclusiveLayer::CExclusiveLayer(const orlo::P<graphics::CGraphicDocument>& docu
 void CExclusiveLayer::Paint(CFrame& frame) {
   const wxRect area = GetArea(frame.Geometry());
   if (!frame.Touches(area)) return;
-  const bool isNew = !picture_;
-  if (isNew && !MayChange())
-    picture_.emplace().DrawToStay(frame.Canvas(), *GetDocument(), area);
-  else if (isNew || HasChanged())
-    (isNew ? picture_.emplace() : *picture_).Draw(frame.Canvas(), *GetDocument(), area);
+  CLayerPicture passing;
+  CLayerPicture* const kept = KeptPicture(frame.Canvas(), area);
+  CLayerPicture& picture = kept ? *kept : passing;
+  if (!MayChange() && !picture.IsDrawn())
+    picture.DrawToStay(frame.Canvas(), *GetDocument(), area);
+  else if (!picture.IsDrawn() || (HasChanged() && !shown_.IsOne()))
+    picture.Draw(frame.Canvas(), *GetDocument(), area);
   shown_.Remember();
-  frame.Blend(*picture_);
-  if (isNew && !frame.Canvas().MayKeep(picture_->GetArea().GetSize())) picture_.reset();
+  frame.Blend(picture);
+}
+
+/// The picture of what is shown now, empty if it has to be drawn; null if there is no room for it.
+CLayerPicture* CExclusiveLayer::KeptPicture(CCanvas& canvas, const wxRect& area) {
+  const wxObjectRefData* const frame = shown_.IsOne() ? shown_.GetFirst() : nullptr;
+  const auto found = pictures_.find(frame);
+  if (found != pictures_.end()) return &found->second;
+  // Without room for one more, the one painted last makes room.
+  if (!canvas.MayKeep(area.GetSize()) && pictures_.erase(painted_) == 0) return nullptr;
+  painted_ = frame;
+  return &pictures_[frame];
 }
 
 wxRect CExclusiveLayer::GetArea(const CPageGeometry& geometry) const {

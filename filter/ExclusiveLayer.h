@@ -5,13 +5,13 @@
 #include "filter/LayerPicture.h"
 #include "filter/ShownFrames.h"
 
-#include <optional>
+#include <map>
 #include <vector>
 
 namespace authfilter {
 
-/// One element that changes, or that may show what changes. It is drawn anew when it shows something else than at the
-/// repaint before; as long as it doesn't, a repaint takes no lock.
+/// One element that changes, or that may show what changes. It is drawn when it shows what it hasn't shown before; the
+/// pictures of an animation's frames are kept as far as there is room. Without drawing, a repaint takes no lock.
 class CExclusiveLayer : public CLayer {
 public:
   /// The rate is the host's frames a second, as a fraction.
@@ -30,9 +30,14 @@ public:
   void Close() override;
 
 private:
+  CLayerPicture* KeptPicture(CCanvas& canvas, const wxRect& area);
+
   std::vector<orlo::P<CFPSAnimation>> animations_;
   CShownFrames shown_;
-  std::optional<CLayerPicture> picture_;
+  /// By the frame, if there is one animation.
+  std::map<const wxObjectRefData*, CLayerPicture> pictures_;
+  /// Whose picture was drawn last.
+  const wxObjectRefData* painted_ = nullptr;
 };
 
 }  // namespace authfilter

@@ -19,6 +19,7 @@ void CLayerPicture::DrawToStay(CCanvas& canvas, graphics::CGraphicDocument& docu
 }
 
 void CLayerPicture::Take(const graphics::CPixels& drawn, const wxRect& area, const wxRect& part) {
+  drawn_ = true;
   area_ = {area.x + part.x, area.y + part.y, part.width, part.height};
   const std::ptrdiff_t rowBytes = part.width * kBytesPerPixel;
   pixels_.resize(static_cast<std::size_t>(part.height * rowBytes));

@@ -18,6 +18,8 @@ public:
   /// many repaints save.
   void DrawToStay(CCanvas& canvas, graphics::CGraphicDocument& document, const wxRect& area);
 
+  /// False as long as nothing has been drawn.
+  bool IsDrawn() const { return drawn_; }
   /// Where in the frame it lies. Empty if nothing is to be seen of it.
   const wxRect& GetArea() const { return area_; }
   /// Counted from the area's top left corner.
@@ -31,6 +33,7 @@ private:
 
   void Take(const graphics::CPixels& drawn, const wxRect& area, const wxRect& part);
 
+  bool drawn_ = false;
   wxRect area_;
   std::vector<std::uint8_t> pixels_;
   CCoverage coverage_;

@@ -19,6 +19,9 @@ public:
   bool HaveChanged() const;
   void Remember();
   bool AreNone() const { return sources_.empty(); }
+  bool IsOne() const { return sources_.size() == 1; }
+  /// What the first animation shows, as a mark that other frames don't have. There must be one.
+  const wxObjectRefData* GetFirst() const { return ShownBy(*sources_.front().animation); }
 
 private:
   struct CSource {
