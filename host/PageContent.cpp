@@ -195,12 +195,15 @@ private:
                           suggestion(name, propertyNames(form)));
         continue;
       }
-      const std::string value = valueOf(*property);
-      const std::string fault = faultOf(*known->value, value);
-      if (fault.empty()) continue;
-      error(node, tagOf(node) + " " + name + "=" + inQuotes(value, '"') + ": " + fault);
-      if (known->value->refused) doubt(node);
+      visitValue(node, name, *known->value, valueOf(*property));
     }
+  }
+
+  void visitValue(const xmlNode& node, const std::string& name, const ValueForm& form, const std::string& value) {
+    const std::string fault = faultOf(form, value);
+    if (fault.empty()) return;
+    error(node, tagOf(node) + " " + name + "=" + inQuotes(value, '"') + ": " + fault);
+    if (form.refused) doubt(node);
   }
 
   void visitElement(const xmlNode& node, const std::string& name) {

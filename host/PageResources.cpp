@@ -129,7 +129,7 @@ private:
 
   std::string readEmbedded(const xmlNode& node, std::span<const unsigned char> bytes, Resource& resource) {
     const std::string extension = findProperty(node, "extension").value_or("");
-    const std::string fault = readPicture(bytes, resource);
+    std::string fault = readPicture(bytes, resource);
     if (extension.empty())
       return "has no \"extension\" and is not shown" +
              (fault.empty() ? "; it is a " + resource.format + " picture" : "");
