@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Makes the pictures of the samples. No photograph was taken: each is computed, and comes out the same each time.
 
-Needs numpy and Pillow (python3-numpy and python3-pil in Debian). Nothing in the build needs this script.
+Needs numpy, Pillow and the DejaVu faces (python3-numpy, python3-pil and fonts-dejavu in Debian). Nothing in the build
+needs this script.
 All of them take some ten minutes; OVER=0.6 in the environment gives coarse ones in a tenth of the time.
 Usage: samples/photographs/make.py [NAME ...]
 """
