@@ -39,7 +39,7 @@ int compare(const CTextView& left, const CTextView& right, Case mode, int maxCou
 bool equals(const CTextView& left, const CTextView& right, Case mode) {
   // Case mappings are one to one, so the lengths tell in both modes.
   if (left.length >= 0 && right.length >= 0 && left.length != right.length) return false;
-  return compare(left, right, mode) == 0;
+  return sameBytes(left, right) || compare(left, right, mode) == 0;
 }
 
 bool startsWith(const CTextView& text, const CTextView& start, Case mode) {
@@ -50,16 +50,6 @@ bool endsWith(const CTextView& text, const CTextView& end, Case mode) {
   // Forwards, since not every encoding can be walked backwards.
   const int skipped = length(text) - length(end);
   return skipped >= 0 && compare(part(text, positionAt(text, skipped), CStringPos::end()), end, mode) == 0;
-}
-
-std::int32_t hash(const CTextView& text) {
-  return withReaderOf(text, [](auto readerOf) {
-    auto reader = readerOf();
-    std::int32_t h = 0;
-    for (char32_t c; reader.read(c);)
-      h = ((h & 0x0FFFFFFF) << 3) ^ (((h >> 2) ^ static_cast<std::int32_t>(c)) & 0x7FFFFFFF);
-    return h;
-  });
 }
 
 }  // namespace orlo::text
