@@ -12,6 +12,13 @@ CStringSlice::CStringSlice(const IString& text, CStringPos start, CStringPos end
   encoding_ = window.encoding;
 }
 
+CStringSlice::CStringSlice(const IString& root, const CTextView& window)
+    : data_(window.data),
+      byteSize_(static_cast<std::uint32_t>(window.byteSize)),
+      length_(window.length),
+      encoding_(window.encoding),
+      parent_(&root) {}
+
 CTextView CStringSlice::view() const {
   return {data_, static_cast<int>(byteSize_), length_, *encoding_};
 }

@@ -11,6 +11,8 @@ public:
   /// What stands between two positions of the text; nothing if the first is behind the second. A slice of a slice
   /// refers to the parent of the latter.
   CStringSlice(const IString& text, CStringPos start, CStringPos end);
+  /// A window whose characters the caller has counted, of a text that is no slice.
+  CStringSlice(const IString& root, const CTextView& window);
 
   using IString::compare;
   CTextView view() const override;

@@ -23,23 +23,20 @@ constexpr const wchar_t* kPathCharacters = L";:,/@&=+$";
 constexpr const wchar_t* kQueryCharacters = L";:,/?@&=+$";
 constexpr const wchar_t* kFragmentCharacters = L";:,/?@&=+$";
 
-/// The position behind that many units. A pair of surrogates is one character.
-CStringPos positionOf(const String& text, View whole, std::size_t units) {
-  std::size_t pairs = 0;
-  if (text.length() != static_cast<int>(whole.size()))
-    for (std::size_t i = 1; i < units; ++i) pairs += (whole[i - 1] & 0xFC00) == 0xD800 && (whole[i] & 0xFC00) == 0xDC00;
-  return {static_cast<int>(units - pairs), static_cast<int>(units * sizeof(char16_t))};
-}
-
 /// A part of the text's own units; null if there is none.
 P<IString> sliceOf(const String& text, const Part& part) {
   if (!part) return nullptr;
-  if (part->empty()) return String().getObject();
-  const View whole = uri::unitsOf(text);
-  if (part->size() == whole.size()) return text.getObject();
-  const auto start = static_cast<std::size_t>(part->data() - whole.data());
-  return makeObject<CStringSlice>(*text.getObject(), positionOf(text, whole, start),
-                                  positionOf(text, whole, start + part->size()));
+  const CTextView whole = text.view();
+  const int size = static_cast<int>(part->size() * sizeof(char16_t));
+  if (size == whole.byteSize) return text.getObject();
+  CTextView window(part->data(), size, size / 2, *whole.encoding);
+  // Surrogates make fewer characters than units.
+  if (whole.length != whole.byteSize / 2) window.length = window.encoding->countChars(window.data, size, 0);
+  return makeObject<CStringSlice>(text.getObject()->getRoot(), window);
+}
+
+bool hasEscapes(View text) {
+  return text.find(u'%') != View::npos;
 }
 
 /// Keeps the texts that the parts of a composition refer to.
@@ -105,7 +102,21 @@ String composed(const String& scheme, const String& host, std::int32_t port, con
 CURI::CComponent CURI::componentOf(const String& text, const Part& part) {
   CComponent result;
   result.raw = sliceOf(text, part);
-  if (part && part->find(u'%') != View::npos) result.other = uri::unescape(*part).getObject();
+  if (part && hasEscapes(*part)) result.other = uri::unescape(*part).getObject();
+  return result;
+}
+
+CURI::CComponent CURI::componentIn(View whole, const CComponent& wholeComponent, const String& text, const Part& part) {
+  if (!part || !hasEscapes(*part)) return componentOf(text, part);
+  const auto start = static_cast<std::size_t>(part->data() - whole.data());
+  const View behind = whole.substr(start + part->size());
+  if (hasEscapes(whole.substr(0, start)) || hasEscapes(behind)) return componentOf(text, part);
+  // All around it is the same in the decoded text.
+  const String decoded = wholeComponent.other;
+  const View units = uri::unitsOf(decoded);
+  CComponent result;
+  result.raw = sliceOf(text, part);
+  result.other = sliceOf(decoded, units.substr(start, units.size() - start - behind.size()));
   return result;
 }
 
@@ -116,10 +127,10 @@ CURI::CURI(const String& text) {
     const std::u16string path = uri::withoutDotSegments(*parts.path);
     parts.path = path;
     takeComposed(parts);
+    components_.schemeSpecificPart = componentOf(given, parts.schemeSpecificPart);
   } else {
     take(parts, given);
   }
-  components_.schemeSpecificPart = componentOf(given, parts.schemeSpecificPart);
 }
 
 CURI::CURI(const String& scheme, const String& schemeSpecificPart) : CURI(composed(scheme, schemeSpecificPart)) {}
@@ -140,9 +151,7 @@ CURI::CURI(const CURI& other) : CObject(), IURI(), text_(other.text_), component
 
 void CURI::takeComposed(const uri::CParts& parts) {
   const String text = uri::fromUnits(uri::compose(parts));
-  const uri::CParts own = uri::placed(parts, uri::unitsOf(text));
-  take(own, text);
-  components_.schemeSpecificPart = componentOf(text, own.schemeSpecificPart);
+  take(uri::placed(parts, uri::unitsOf(text)), text);
 }
 
 void CURI::take(const uri::CParts& parts, const String& text) {
@@ -150,12 +159,17 @@ void CURI::take(const uri::CParts& parts, const String& text) {
   components_.relative = !parts.scheme;
   components_.hierarchical = parts.hierarchical;
   components_.scheme = sliceOf(text, parts.scheme);
-  components_.authority = componentOf(text, parts.authority);
+  const View rest = parts.schemeSpecificPart;
+  components_.schemeSpecificPart = componentOf(text, rest);
+  const auto component = [&](const Part& part) {
+    return componentIn(rest, components_.schemeSpecificPart, text, part);
+  };
+  components_.authority = component(parts.authority);
   if (parts.authority) takeAuthority(*parts.authority, text);
-  components_.path = componentOf(text, parts.path);
+  components_.path = component(parts.path);
   if (parts.path) takePath(*parts.path, text);
-  components_.query = componentOf(text, parts.query);
-  components_.fragment = componentOf(text, parts.fragment);
+  components_.query = component(parts.query);
+  components_.fragment = component(parts.fragment);
 }
 
 void CURI::takeAuthority(View authority, const String& text) {
@@ -171,9 +185,10 @@ void CURI::takePath(View path, const String& text) {
   const View name = path.substr(folder.size());
   if (!folder.empty()) components_.folder = componentOf(text, folder);
   if (name.empty()) return;
-  components_.fileName = componentOf(text, name);
+  components_.fileName = componentIn(path, components_.path, text, name);
   const std::size_t dot = name.rfind(u'.');
-  components_.baseName = componentOf(text, name.substr(0, dot));
+  components_.baseName =
+      dot == View::npos ? components_.fileName : componentIn(name, components_.fileName, text, name.substr(0, dot));
   if (dot != View::npos) components_.extension = componentOf(text, name.substr(dot + 1));
 }
 

@@ -192,6 +192,9 @@ private:
   };
 
   static CComponent componentOf(const String& text, const std::optional<std::u16string_view>& part);
+  /// The same of a part of a component.
+  static CComponent componentIn(std::u16string_view whole, const CComponent& wholeComponent, const String& text,
+                                const std::optional<std::u16string_view>& part);
   void takeComposed(const uri::CParts& parts);
   void take(const uri::CParts& parts, const String& text);
   void takeAuthority(std::u16string_view authority, const String& text);

@@ -1,15 +1,28 @@
 #include "foundation/URIText.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace orlo::uri {
 
 namespace {
 
+/// A set of characters below 64, where all delimiters are.
+constexpr std::uint64_t delimiters(std::string_view characters) {
+  std::uint64_t set = 0;
+  for (const char character : characters) set |= std::uint64_t{1} << character;
+  return set;
+}
+
+std::size_t findDelimiter(View text, std::uint64_t set) {
+  const auto found =
+      std::find_if(text.begin(), text.end(), [set](char16_t unit) { return unit < 64 && (set >> unit & 1) != 0; });
+  return static_cast<std::size_t>(found - text.begin());
+}
+
 /// The front of the text up to the first of the delimiters, or all of it; the text begins behind that then.
-View takeUntil(View& text, View delimiters) {
-  std::size_t size = 0;
-  // Letters come behind all delimiters.
-  while (size < text.size() && (text[size] > u'@' || delimiters.find(text[size]) == View::npos)) ++size;
-  const View front = text.substr(0, size);
+View takeUntil(View& text, std::uint64_t set) {
+  const View front = text.substr(0, findDelimiter(text, set));
   text.remove_prefix(front.size());
   return front;
 }
@@ -41,8 +54,8 @@ std::size_t withoutLastSegment(const std::u16string& path, std::size_t root) {
 
 CParts split(View text) {
   CParts parts;
-  const std::size_t delimiter = text.find_first_of(u":/?#");
-  if (delimiter != View::npos && text[delimiter] == u':') {
+  const std::size_t delimiter = findDelimiter(text, delimiters(":/?#"));
+  if (delimiter < text.size() && text[delimiter] == u':') {
     parts.scheme = text.substr(0, delimiter);
     text.remove_prefix(delimiter + 1);
   }
@@ -52,13 +65,13 @@ CParts split(View text) {
 
   if (text.substr(0, 2) == u"//") {
     text.remove_prefix(2);
-    parts.authority = takeUntil(text, u"/?#");
+    parts.authority = takeUntil(text, delimiters("/?#"));
   }
-  const View path = takeUntil(text, u"?#");
+  const View path = takeUntil(text, delimiters("?#"));
   if (!path.empty()) parts.path = path;
   if (startsWith(text, u'?')) {
     text.remove_prefix(1);
-    parts.query = takeUntil(text, u"#");
+    parts.query = takeUntil(text, delimiters("#"));
   }
   if (startsWith(text, u'#')) parts.fragment = text.substr(1);
   return parts;

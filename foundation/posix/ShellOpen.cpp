@@ -28,9 +28,12 @@ std::string findProgram(const std::string& name) {
 
 /// Between fork and exec nothing may be called that takes memory or a lock.
 [[noreturn]] void runProgram(const char* program, char* const* arguments, int failure) {
+  const char mark = 1;
   setsid();
   // The program's parent is gone at once, so that the system buries it.
-  if (fork() != 0) _exit(0);
+  const pid_t child = fork();
+  if (child < 0) static_cast<void>(!write(failure, &mark, 1));
+  if (child != 0) _exit(0);
   const int nothing = open("/dev/null", O_RDWR);
   if (nothing >= 0) {
     dup2(nothing, STDIN_FILENO);
@@ -40,7 +43,6 @@ std::string findProgram(const std::string& name) {
   sigemptyset(&none);
   sigprocmask(SIG_SETMASK, &none, nullptr);
   execve(program, arguments, environ);
-  const char mark = 1;
   static_cast<void>(!write(failure, &mark, 1));
   _exit(127);
 }
