@@ -30,6 +30,12 @@ void CExclusiveLayer::Paint(CFrame& frame) {
   frame.Blend(picture);
 }
 
+bool CExclusiveLayer::Hides(const wxRect& rect) const {
+  if (!shown_.IsOne()) return false;
+  const auto found = pictures_.find(shown_.GetFirst());
+  return found != pictures_.end() && found->second.IsOpaque() && found->second.GetArea().Contains(rect);
+}
+
 /// The picture of what is shown now, empty if it has to be drawn; null if there is no room for it.
 CLayerPicture* CExclusiveLayer::KeptPicture(CCanvas& canvas, const wxRect& area) {
   const wxObjectRefData* const frame = shown_.IsOne() ? shown_.GetFirst() : nullptr;

@@ -22,6 +22,7 @@ public:
   void Paint(CFrame& frame) override;
   bool MayChange() const override { return !shown_.AreNone(); }
   bool HasChanged() const override { return shown_.HaveChanged(); }
+  bool Hides(const wxRect& rect) const override;
   /// Empty for an element that is invisible or lies outside of the frame.
   wxRect GetArea(const CPageGeometry& geometry) const override;
   /// True as long as an animation runs, also while its picture stays.

@@ -74,9 +74,14 @@ void CInfoStore::Repaint() {
   paintedOnBlack = false;
   CBackground background{inputPixels, inputStride};
   if (noAlpha) background = {reinterpret_cast<const std::uint8_t*>(blackRow_.data()), 0};
-  {
-    CFrame frame(page, background, region, *canvas_);
-    for (const auto& layer : layers) layer->Paint(frame);
+  for (const wxRect& rect : region.GetRects()) {
+    const CDirtyRegion part(rect);
+    CFrame frame(page, background, part, *canvas_);
+    // What is hidden by a layer above need not be painted.
+    const auto hides = [&](const auto& layer) { return layer->Hides(rect); };
+    const auto hidden = std::find_if(layers.rbegin(), layers.rend(), hides);
+    for (auto layer = hidden == layers.rend() ? layers.begin() : hidden.base() - 1; layer != layers.end(); ++layer)
+      (*layer)->Paint(frame);
   }
   pageSurface->MarkDirty();
   const auto mayChange = [](const auto& layer) { return layer->MayChange(); };

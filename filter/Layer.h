@@ -23,6 +23,8 @@ public:
   virtual bool MayChange() const { return false; }
   /// True if it would show something else than when it was painted last. Takes no lock.
   virtual bool HasChanged() const { return false; }
+  /// True if it is known that nothing below can be seen through it in the area.
+  virtual bool Hides(const wxRect&) const { return false; }
   /// The pixels that it may touch.
   virtual wxRect GetArea(const CPageGeometry& geometry) const { return geometry.frame; }
 

@@ -20,6 +20,8 @@ public:
 
   /// False as long as nothing has been drawn.
   bool IsDrawn() const { return drawn_; }
+  /// True if it is known that no pixel of it lets anything through.
+  bool IsOpaque() const { return opaque_; }
   /// Where in the frame it lies. Empty if nothing is to be seen of it.
   const wxRect& GetArea() const { return area_; }
   /// Counted from the area's top left corner.
@@ -34,6 +36,7 @@ private:
   void Take(const graphics::CPixels& drawn, const wxRect& area, const wxRect& part);
 
   bool drawn_ = false;
+  bool opaque_ = false;
   wxRect area_;
   std::vector<std::uint8_t> pixels_;
   CCoverage coverage_;

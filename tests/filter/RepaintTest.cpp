@@ -181,6 +181,17 @@ TEST_F(Repaint, OfOverlappingAnimationsKeepsTheirOrder) {
   }
 }
 
+TEST_F(Repaint, LeavesOutWhatAnOpaqueAnimationHides) {
+  OpenOnBlack(Rectangle(0, 0, 160, 90, kBlue) + Image(20, 10, 40, 40, TwoColours(1, true)) +
+              Rectangle(30, 0, 10, 90, kGreenHalf));
+  for (int frame = 1; frame < 6; ++frame) {
+    store.NextFrame();
+    EXPECT_EQ(Difference(), "") << frame;
+    EXPECT_TRUE(store.layers[1]->Hides(wxRect(20, 10, 40, 40)));
+    EXPECT_FALSE(store.layers[1]->Hides(wxRect(19, 10, 40, 40)));
+  }
+}
+
 TEST_F(Repaint, OfSeparateAnimationsLeavesOutWhatLiesBetween) {
   OpenOnBlack(Rectangle(0, 0, 160, 90, kBlue) + Image(0, 0, 20, 20, TwoColours(1, true)) +
               Image(140, 70, 20, 20, TwoColours(1, true)));
