@@ -120,7 +120,7 @@ String CFileValueStore::getString(const String& name, const String& otherwise) c
 P<IMemoryBlock> CFileValueStore::getBinary(const String& name) const {
   const auto bytes = read(name, [](const CStoredValue& value) { return value.asBytes(); });
   if (!bytes) return nullptr;
-  const P<CMemoryBlock> block = makeObject<CMemoryBlock>(0);
+  const P<CMemoryBlock> block = makeObject<CMemoryBlock>(std::size_t{0});
   block->assign(bytes->data(), bytes->size());
   return block;
 }
