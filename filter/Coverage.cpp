@@ -36,9 +36,9 @@ CCoverage::CCoverage(const graphics::CPixels& picture) {
   runs_.shrink_to_fit();
 }
 
-CCoverage CCoverage::Whole(std::int32_t width, std::int32_t height) {
+CCoverage CCoverage::Whole(std::int32_t width, std::int32_t height, bool opaque) {
   CCoverage coverage;
-  coverage.runs_.assign(static_cast<std::size_t>(height), {0, width, false});
+  coverage.runs_.assign(static_cast<std::size_t>(height), {0, width, opaque});
   for (std::int32_t y = 0; y < height; ++y) coverage.rowEnds_.push_back(static_cast<std::size_t>(y) + 1);
   return coverage;
 }

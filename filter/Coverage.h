@@ -23,8 +23,8 @@ public:
 
   CCoverage() = default;
   explicit CCoverage(const graphics::CPixels& picture);
-  /// Of a picture that nobody has looked at: any pixel may be anything.
-  static CCoverage Whole(std::int32_t width, std::int32_t height);
+  /// One run a row. If it is not opaque, any pixel may be anything.
+  static CCoverage Whole(std::int32_t width, std::int32_t height, bool opaque);
 
   /// The runs of a row from left to right. They don't overlap.
   std::span<const CRun> Row(std::int32_t y) const;

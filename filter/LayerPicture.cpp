@@ -6,10 +6,10 @@ namespace authfilter {
 
 void CLayerPicture::Draw(CCanvas& canvas, graphics::CGraphicDocument& document, const wxRect& area) {
   canvas.Draw(document, area, [&](const graphics::CPixels& drawn) { Take(drawn, area, wxRect(area.GetSize())); });
-  coverage_ = CCoverage::Whole(area.width, area.height);
   unsigned alphas = 255;
   for (std::size_t alpha = 3; alpha < pixels_.size(); alpha += 4) alphas &= pixels_[alpha];
   opaque_ = alphas == 255;
+  coverage_ = CCoverage::Whole(area.width, area.height, opaque_);
 }
 
 void CLayerPicture::DrawToStay(CCanvas& canvas, graphics::CGraphicDocument& document, const wxRect& area) {
