@@ -239,6 +239,12 @@ TEST(URI, ReadsTextsInEveryEncodingAlike) {
   EXPECT_EQ(textOf(CURI("a/\xFC.x").getPath()), "a/ü.x");
 }
 
+TEST(URI, KeepsEmptyPartsInAnEncodingThatHoldsEverything) {
+  const CURI uri(u"/.\U0001F3AC");
+  EXPECT_TRUE(uri.getBaseName() + "." + uri.getExtension() == uri.getFileName());
+  EXPECT_EQ(uri.getFileName().length(), 2);
+}
+
 TEST(URI, SharesTheTextThatItWasMadeOf) {
   const String text = u"abc://h/path/name.ext";
   const CURI uri(text);
