@@ -58,6 +58,11 @@ View sharedFolder(View a, View b) {
   return uri::folderOf(a.substr(0, static_cast<std::size_t>(differ - a.begin())));
 }
 
+/// Whether a text of this path alone would not begin with a scheme or an authority.
+bool readsAsPath(View path) {
+  return !path.starts_with(u"//") && path.substr(0, path.find(u'/')).find(u':') == View::npos;
+}
+
 /// Ways to write a path relative to another, from the one that people would write to the one that says all.
 std::vector<std::u16string> relativeForms(View path, View base) {
   const View shared = sharedFolder(path, base);
@@ -119,8 +124,7 @@ P<IURI> CURI::makeRelative(const PC<IURI>& base) const {
   const CRawParts document(*base);
   for (const std::u16string& path :
        relativeForms(own.parts.path.value_or(View()), document.parts.path.value_or(View()))) {
-    // That would begin with an authority.
-    if (path.starts_with(u"//")) continue;
+    if (!readsAsPath(path)) continue;
     parts.path = path;
     const P<IURI> result = createURI(uri::fromUnits(uri::compose(parts)));
     if (meansThis(result)) return result;

@@ -136,6 +136,7 @@ TEST(URIMakeRelative, FindsAFormThatIsNotTakenForSomethingElse) {
   EXPECT_EQ(relative("file:///", "file:///b.xml"), "/");
   EXPECT_EQ(relative("file:///a/x:y", "file:///a/b"), "../a/x:y");
   EXPECT_EQ(relative("file:///a//y", "file:///a/b"), "../a//y");
+  EXPECT_EQ(relative("file:/c://h:x", "file:/q"), "/c://h:x");
   EXPECT_EQ(relative("file:////y", "file:///b"), "file:////y");
   EXPECT_EQ(relative("file:///a/b", "file:///../c/d"), "/a/b");
 }
