@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <new>
 #include <string_view>
@@ -88,8 +89,12 @@ CStringFormat& CStringFormat::push(double value) {
 
 CStringFormat& CStringFormat::push(char32_t codePoint) {
   mustBe(Kind::character);
-  // The runtime library gives no precision to a plain character.
-  if (codePoint < 0x80) field_.precision = -1;
+  // The runtime library gives no precision to a plain character, and pads it on the right if the width is negative.
+  if (codePoint < 0x80) {
+    field_.precision = -1;
+    field_.leftAlign = field_.leftAlign || field_.width < 0;
+    field_.width = std::abs(field_.width);
+  }
   appendString({&codePoint, sizeof codePoint, -1, *getUTF32CharEncoding()});
   parseOn();
   return *this;

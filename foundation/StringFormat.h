@@ -21,7 +21,7 @@ concept CFormattedInteger =
 /// Fields are those of printf, but for what follows. A value knows its size, so "l", "ll", "h", "hh", "L", "z", "j",
 /// "t" and "I64" mean nothing. Widths and precisions count characters. "0" pads integers that have a precision too, and
 /// texts; "#" puts "0", "0x" or "0X" in front of every number. A negative value for the width "*" pads floating point
-/// numbers on the right and nothing else. "a", "n" and "p" are no conversions.
+/// numbers and ASCII characters on the right and nothing else. "a", "n" and "p" are no conversions.
 ///
 /// Every fault throws CInvalidArgError: a format that is none, a value that does not fit its field, a width of more
 /// than 65535 or as many digits. To be used once, by one thread.

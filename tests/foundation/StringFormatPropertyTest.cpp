@@ -202,6 +202,8 @@ TEST(StringFormatProperties, WriteCharactersAsCDoes) {
       const std::string format = field.text() + "c";
       EXPECT_EQ(formatted(format, static_cast<char32_t>(character)), printed(format, character)) << character;
       EXPECT_EQ(formatted(format, character), printed(format, character)) << character;
+      const std::string starred = "%" + field.flags + "*c";
+      EXPECT_EQ(formatted(starred, -field.width, character), printed(starred, -field.width, character)) << character;
     }
   });
 }

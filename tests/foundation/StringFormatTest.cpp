@@ -248,6 +248,8 @@ TEST(StringFormat, PassesANegativeWidthOn) {
   EXPECT_EQ(formatted("%*d|", -5, 42), "42|");
   EXPECT_EQ(formatted("%*s|", -5, "ab"), "ab|");
   EXPECT_EQ(formatted("%*c|", -5, U'é'), "é|");
+  EXPECT_EQ(formatted("%*c|", -5, U'e'), "e    |");
+  EXPECT_EQ(formatted("%*c|", -1, U'e'), "e|");
   EXPECT_EQ(formatted("%*g|", -5, 0.5), "0.5  |");
   EXPECT_EQ(formatted("%.*d|", -5, 42), "42|");
   EXPECT_EQ(formatted("%.*s|", -5, "ab"), "ab|");
