@@ -80,8 +80,8 @@ CURI::CURI(const IURI& base, const String& relative) {
   const CURI reference(relative);
   const CRawParts own(reference);
   const CRawParts document(base);
-  std::u16string path;
-  takeComposed(uri::resolve(own.parts, document.parts, path));
+  std::u16string text;
+  takeComposed(uri::resolve(own.parts, document.parts, text));
 }
 
 P<IURI> CURI::getFolderURI() const {
@@ -106,8 +106,8 @@ P<IURI> CURI::resolve(const PC<IURI>& base) const {
   if (!base) return createURI(*this);
   const CRawParts own(*this);
   const CRawParts document(*base);
-  std::u16string path;
-  return createURI(uri::resolve(own.parts, document.parts, path));
+  std::u16string text;
+  return createURI(uri::resolve(own.parts, document.parts, text));
 }
 
 P<IURI> CURI::makeRelative(const PC<IURI>& base) const {

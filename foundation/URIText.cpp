@@ -50,6 +50,16 @@ std::size_t withoutLastSegment(const std::u16string& path, std::size_t root) {
   return isParent || start < root ? View::npos : start;
 }
 
+/// What a relative path, which stands in the text, is directly behind a scheme.
+CParts opaque(const CParts& parts, std::u16string& text) {
+  if (parts.query) (text += u'?').append(*parts.query);
+  if (parts.fragment) (text += u'#').append(*parts.fragment);
+  CParts result;
+  result.scheme = parts.scheme;
+  result.schemeSpecificPart = text;
+  return result;
+}
+
 }  // namespace
 
 CParts split(View text) {
@@ -158,23 +168,23 @@ View folderOf(View path) {
   return slash == View::npos ? View() : path.substr(0, slash + 1);
 }
 
-CParts resolve(CParts reference, const CParts& base, std::u16string& path) {
+CParts resolve(CParts reference, const CParts& base, std::u16string& text) {
   if (reference.scheme) return reference;
   if (!reference.path && !reference.authority && !reference.query) {
     CParts result = base;
     result.fragment = reference.fragment;
     return result;
   }
-  if (!base.hierarchical) return reference;
   reference.scheme = base.scheme;
   if (reference.authority) return reference;
   reference.authority = base.authority;
   const View own = reference.path.value_or(View());
   if (startsWith(own, u'/')) return reference;
-  path = folderOf(base.path.value_or(View()));
-  if (path.empty() && base.authority && !own.empty()) path = u'/';
-  path = withoutDotSegments(path.append(own));
-  reference.path = path;
+  text = folderOf(base.path.value_or(View()));
+  if (text.empty() && base.authority && !own.empty()) text = u'/';
+  text = withoutDotSegments(text.append(own));
+  if (!base.hierarchical) return opaque(reference, text);
+  reference.path = text;
   return reference;
 }
 

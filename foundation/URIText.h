@@ -37,9 +37,9 @@ std::u16string withoutDotSegments(View path);
 /// Up to and including the last "/"; empty if there is none.
 View folderOf(View path);
 
-/// What a reference means in a document at base. A path that had to be put together is kept in the string given. Where
-/// base is not hierarchical, nothing but the empty reference means more than it says.
-CParts resolve(CParts reference, const CParts& base, std::u16string& path);
+/// What a reference means in a document at base. What had to be put together is kept in the string given. Where base is
+/// not hierarchical, a relative path comes to stand behind its scheme.
+CParts resolve(CParts reference, const CParts& base, std::u16string& text);
 
 struct CAuthority {
   Part userInfo;

@@ -104,8 +104,22 @@ TEST(URIResolve, WorksWithARelativeBase) {
   EXPECT_EQ(resolved("../../c", "a/b"), "../c");
 }
 
-TEST(URIResolve, LeavesAReferenceAloneThatHasNoPlaceInItsBase) {
-  EXPECT_EQ(resolved("c", "abc:opaque"), "c");
+TEST(URIResolve, TakesTheSchemeOfABaseThatHasNoPath) {
+  EXPECT_EQ(resolved("c", "abc:opaque"), "abc:c");
+  EXPECT_EQ(resolved("./b/../c?q#f", "abc:o/p"), "abc:c?q#f");
+  EXPECT_EQ(resolved("?q", "abc:opaque"), "abc:?q");
+  EXPECT_EQ(resolved("/c", "abc:opaque"), "abc:/c");
+  EXPECT_EQ(resolved("//h/c", "abc:opaque"), "abc://h/c");
+  EXPECT_EQ(resolved("xyz:c", "abc:opaque"), "xyz:c");
+  EXPECT_EQ(resolved("", "abc:opaque"), "abc:opaque");
+  const P<IURI> uri = CURI("b/c?q#f").resolve(createURI("abc:opaque"));
+  EXPECT_TRUE(uri->isAbsolute());
+  EXPECT_FALSE(uri->isHierarchical() || uri->hasPath() || uri->hasQuery() || uri->hasFragment());
+  EXPECT_EQ(orlo::toStdString(uri->getSchemeSpecificPart()), "b/c?q#f");
+  EXPECT_EQ(orlo::toStdString(CURI("/c?q").resolve(createURI("abc:opaque"))->getQuery()), "q");
+}
+
+TEST(URIResolve, LeavesAReferenceAloneThatHasNoBase) {
   EXPECT_EQ(textOf(CURI("c").resolve(nullptr)), "c");
 }
 
