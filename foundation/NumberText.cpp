@@ -26,11 +26,9 @@ std::uint64_t parseWhole(const CTextView& text, int base) {
   CStringPos start;
   const std::optional<char32_t> first = text::next(text, start);
   const bool negative = first == U'-';
-  const bool hasSign = negative || first == U'+';
-  const CIntPrefix prefix = parseIntPrefix(hasSign ? text::part(text, start, CStringPos::end()) : text, base);
-  const int length = prefix.count > 0 && hasSign ? prefix.count + 1 : prefix.count;
-  if (length != text::length(text)) throw CParseError("Error parsing integer.");
-  return negative ? 0 - prefix.value : prefix.value;
+  const bool hasSign = (negative || first == U'+') && !start.isEnd();
+  const std::uint64_t value = parseUInt64(hasSign ? text::part(text, start, CStringPos::end()) : text, base);
+  return negative ? 0 - value : value;
 }
 
 /// Takes what it looks for off the front of a text.
@@ -105,6 +103,12 @@ std::int32_t parseInt(const CTextView& text, int base) {
 
 std::int64_t parseInt64(const CTextView& text, int base) {
   return static_cast<std::int64_t>(parseWhole(text, base));
+}
+
+std::uint64_t parseUInt64(const CTextView& text, int base) {
+  const CIntPrefix prefix = parseIntPrefix(text, base);
+  if (prefix.count != text::length(text)) throw CParseError("Error parsing integer.");
+  return prefix.value;
 }
 
 CIntPrefix parseIntPrefix(const CTextView& text, int base) {

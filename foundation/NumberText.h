@@ -18,6 +18,8 @@ String doubleToString(double value);
 /// CParseError.
 std::int32_t parseInt(const CTextView& text, int base = 10);
 std::int64_t parseInt64(const CTextView& text, int base = 10);
+/// The same without a sign.
+std::uint64_t parseUInt64(const CTextView& text, int base = 10);
 
 /// A number and how many characters of the text it takes up.
 struct CIntPrefix {

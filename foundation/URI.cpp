@@ -177,7 +177,7 @@ void CURI::takeAuthority(View authority, const String& text) {
   components_.userInfo = componentOf(text, parts.userInfo);
   components_.host = sliceOf(text, parts.host);
   components_.portText = sliceOf(text, parts.port);
-  if (parts.port) components_.port = parseInt(*components_.portText);
+  if (parts.port) components_.port = static_cast<std::int32_t>(parseUInt64(*components_.portText));
 }
 
 void CURI::takePath(View path, const String& text) {

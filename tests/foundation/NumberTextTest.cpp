@@ -137,6 +137,13 @@ TEST(ParseInt, WrapsWhatIsTooLarge) {
   EXPECT_EQ(parseInt64("-9223372036854775809"), std::numeric_limits<std::int64_t>::max());
 }
 
+TEST(ParseUInt64, TakesNoSign) {
+  EXPECT_EQ(parseUInt64("18446744073709551615"), std::numeric_limits<std::uint64_t>::max());
+  EXPECT_EQ(parseUInt64(u"fF", 16), 255U);
+  EXPECT_EQ(parseUInt64(""), 0U);
+  for (const char* text : {"-1", "+1", "-", "1a", " 1"}) EXPECT_THROW(parseUInt64(text), CParseError) << text;
+}
+
 TEST(ParseIntPrefix, TellsHowManyCharactersItRead) {
   EXPECT_EQ(parseIntPrefix("12a", 10).value, 12U);
   EXPECT_EQ(parseIntPrefix("12a", 10).count, 2);

@@ -101,6 +101,11 @@ TEST(URI, ThrowsForAPortThatIsNoNumber) {
   }
   EXPECT_THROW(CURI("abc://h:80x/"), CParseError);
   EXPECT_THROW(CURI("//u@h:80:x"), CParseError);
+  EXPECT_THROW(CURI("abc://h:-1/"), CParseError);
+  EXPECT_THROW(CURI("abc://h:+80/"), CParseError);
+  EXPECT_THROW(CURI(u8"abc://h:８/"), CParseError);
+  EXPECT_EQ(CURI("abc://h:/").getPort(), 0);
+  EXPECT_EQ(CURI("abc://h:0080/").getPort(), 80);
   EXPECT_NO_THROW(CURI("abc:h:x/"));
 }
 
