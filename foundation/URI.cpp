@@ -19,7 +19,6 @@ using uri::View;
 constexpr const wchar_t* kAuthorityCharacters = L";:,&=+$@[]";
 constexpr const wchar_t* kHostCharacters = L":[]";
 constexpr const wchar_t* kUserInfoCharacters = L";:,&=+$";
-constexpr const wchar_t* kPathCharacters = L";:,/@&=+$";
 constexpr const wchar_t* kQueryCharacters = L";:,/?@&=+$";
 constexpr const wchar_t* kFragmentCharacters = L";:,/?@&=+$";
 
@@ -69,7 +68,7 @@ void addBehindAuthority(CComposer& composer, const String& scheme, const String&
                         const String& fragment) {
   composer.parts.hierarchical = true;
   composer.add(composer.parts.scheme, scheme);
-  composer.add(composer.parts.path, path, kPathCharacters);
+  composer.add(composer.parts.path, path, uri::kPathCharacters);
   composer.add(composer.parts.query, query, kQueryCharacters);
   composer.add(composer.parts.fragment, fragment, kFragmentCharacters);
 }

@@ -3,6 +3,7 @@
 #include "foundation/CodePointReader.h"
 #include "foundation/StandardUTF8.h"
 #include "foundation/StringObject.h"
+#include "foundation/UTF16CharEncoding.h"
 
 #include <algorithm>
 #include <cstring>
@@ -52,13 +53,8 @@ void appendByte(std::u16string& result, unsigned char byte) {
 
 /// Answers the place behind the character.
 char16_t* write(char32_t codePoint, char16_t* place) {
-  if (codePoint < 0x10000) {
-    *place++ = static_cast<char16_t>(codePoint);
-  } else {
-    *place++ = static_cast<char16_t>(0xD7C0 + (codePoint >> 10));
-    *place++ = static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
-  }
-  return place;
+  CUTF16CharEncoding::write(codePoint, reinterpret_cast<unsigned char*>(place));
+  return place + CUTF16CharEncoding::sizeOf(codePoint) / 2;
 }
 
 void appendCharacter(std::u16string& result, char32_t codePoint) {
@@ -161,12 +157,13 @@ int escapedByteAt(std::u16string_view text, std::size_t pos) {
 }
 
 std::size_t appendUTF8(std::string& bytes, std::u16string_view text) {
-  const bool pair = text.size() > 1 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
-  const char32_t codePoint = pair ? 0x10000u + ((text[0] & 0x3FFu) << 10) + (text[1] & 0x3FFu) : text[0];
+  char32_t codePoint = 0;
+  const int size = static_cast<int>(std::min<std::size_t>(text.size(), 2) * sizeof(char16_t));
+  const int behind = CUTF16CharEncoding::read(codePoint, reinterpret_cast<const unsigned char*>(text.data()), size, 0);
   unsigned char character[4];
   bytes.append(reinterpret_cast<const char*>(character),
                static_cast<std::size_t>(writeStandardUTF8(codePoint, character)));
-  return pair ? 2 : 1;
+  return static_cast<std::size_t>(behind) / sizeof(char16_t);
 }
 
 String unescape(std::u16string_view text) {

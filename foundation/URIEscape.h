@@ -17,6 +17,9 @@ String uriUnescape(const String& text);
 
 namespace uri {
 
+/// What stands in a path without being escaped, beside the characters that are never escaped.
+inline constexpr const wchar_t* kPathCharacters = L";:,/@&=+$";
+
 /// The text in UTF-16, all of it: what is no character in a UTF-8 text becomes an escape.
 String toWideText(const String& text);
 

@@ -4,12 +4,6 @@
 
 namespace orlo::uri {
 
-namespace {
-
-constexpr const wchar_t* kPathCharacters = L";:,/@&=+$";
-
-}  // namespace
-
 bool isFile(const IURI& uri) {
   return !uri.hasScheme() || uri.getScheme().equalsIgnoreCase("file");
 }
