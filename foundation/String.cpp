@@ -24,7 +24,7 @@ const P<IString>& nullString() {
 
 const P<IString>& emptyString() {
   static TSingleton<IString> singleton;
-  return singleton.get([] { return P<IString>(makeObject<CUTF8String>(u8"")); });
+  return singleton.get([] { return P<IString>(makeObject<CWCharString>(u"")); });
 }
 
 template <class Text>
@@ -57,9 +57,9 @@ int IString::compare(PC<IBase> other) const {
 
 String::String() : text_(emptyString()) {}
 
-String::String(std::nullptr_t) : text_(nullString<CUTF8String>()) {}
+String::String(std::nullptr_t) : text_(nullString<CWCharString>()) {}
 
-String::String(const char* latin1) : text_(latin1 ? referTo<CLatin1String>(latin1) : nullString<CUTF8String>()) {}
+String::String(const char* latin1) : text_(latin1 ? referTo<CLatin1String>(latin1) : nullString<CWCharString>()) {}
 
 String::String(const wchar_t* wide) : text_(referTo<CWideString>(reinterpret_cast<const CWideString::Unit*>(wide))) {}
 
@@ -70,7 +70,7 @@ String::String(const char8_t* utf8) : text_(referTo<CUTF8String>(utf8)) {}
 String::String(const char32_t* utf32) : text_(referTo<CUTF32String>(utf32)) {}
 
 String::String(P<IString> text) : text_(std::move(text)) {
-  if (!text_) text_ = nullString<CUTF8String>();
+  if (!text_) text_ = nullString<CWCharString>();
 }
 
 String& String::operator+=(const CTextView& other) {

@@ -35,9 +35,9 @@ public:
 /// The handle that all code passes around. One pointer wide; a copy is a reference. Never refers to nothing.
 class String : public TTextOperations<String> {
 public:
-  /// The shared empty string, in UTF-8. It is not null.
+  /// The shared empty string, in UTF-16, which loses nothing that is appended. It is not null.
   String();
-  /// The null string, in UTF-8: "no value".
+  /// The null string, in UTF-16: "no value".
   String(std::nullptr_t);
   /// Literals and other texts that outlive the string: they are referred to, not copied. Null gives a null string.
   String(const char* latin1);

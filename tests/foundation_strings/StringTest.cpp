@@ -120,8 +120,11 @@ TEST(String, AppendsItself) {
 }
 
 TEST(String, HoldsEverythingThatIsAppendedToAnEmptyOrANullString) {
-  EXPECT_EQ(String() + u"€", u"€");
-  EXPECT_EQ(String(nullptr) + u"€", u"€");
+  const String all = textOf({U'a', 0xE9, 0x905, 0x20AC, 0xD800, 0x1F600, 0x10FFFF});
+  EXPECT_EQ(String() + all, all);
+  EXPECT_EQ(String(nullptr) + all, all);
+  EXPECT_EQ(String(static_cast<const char*>(nullptr)) + all, all);
+  EXPECT_EQ(String(P<IString>()) + all, all);
   EXPECT_FALSE((String(nullptr) + "").isNull());
 }
 
