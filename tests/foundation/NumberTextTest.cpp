@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace orlo {
@@ -67,6 +68,20 @@ TEST(ParseDouble, ReadsTheDecimalCommaOfTheLocale) {
   EXPECT_EQ(parseDouble(u"-0,25"), -0.25);
   EXPECT_EQ(parseDouble("0,0"), 0.0);
   EXPECT_THROW(parseDouble("0.0,0"), CParseError);
+}
+
+// The runtime writes and reads numbers with "-" and "+" in every locale, whatever signs the locale has for money.
+TEST(ParseDouble, KnowsTheSignsThatTheRuntimeReads) {
+  const CDecimalComma locale;
+  ASSERT_TRUE(locale.IsOk());
+  ASSERT_EQ(std::string(std::localeconv()->negative_sign), "m");
+  ASSERT_EQ(std::atof("-1,5"), -1.5);
+  ASSERT_EQ(std::atof("m1,5"), 0);
+  EXPECT_EQ(parseDouble("-1.5"), -1.5);
+  EXPECT_EQ(parseDouble("+1.5e+2"), 150.0);
+  EXPECT_EQ(parseDouble("-0e-1"), 0.0);
+  EXPECT_THROW(parseDouble("m1.5"), CParseError);
+  EXPECT_THROW(parseDouble("p0"), CParseError);
 }
 
 TEST(ParseDouble, TakesNoNumberFromForeignCharacters) {
