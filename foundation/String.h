@@ -26,6 +26,8 @@ public:
   virtual bool isTerminated() const = 0;
   /// This object if it is terminated, else a terminated copy.
   virtual P<IString> toTerminated() = 0;
+  /// Equal texts have equal hashes, whatever their encodings are.
+  virtual std::int32_t getHash() const { return text::hash(view()); }
   /// Whose bytes these are: this text's own, or those of the parent of a slice.
   virtual const IString& getRoot() const { return *this; }
 
@@ -62,6 +64,7 @@ public:
   bool isNull() const { return text_->isNull(); }
   bool isTerminated() const { return text_->isTerminated(); }
   String toTerminated() const { return text_->toTerminated(); }
+  std::int32_t getHash() const { return text_->getHash(); }
 
   /// Makes a new text in the encoding of the left side; what that encoding cannot hold is left out.
   String& operator+=(const CTextView& other);

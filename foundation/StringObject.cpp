@@ -38,6 +38,16 @@ CTextView CString::view() const {
   return {data_, static_cast<int>(byteSize_), length_, *encoding_};
 }
 
+std::int32_t CString::getHash() const {
+  std::uint32_t hash = hash_.load(std::memory_order_relaxed);
+  // Threads that compute it at the same time come to the same one, and a hash never has the top bit.
+  if (hash == kNoHash) {
+    hash = static_cast<std::uint32_t>(text::hash(view()));
+    hash_.store(hash, std::memory_order_relaxed);
+  }
+  return static_cast<std::int32_t>(hash);
+}
+
 P<IString> CString::toTerminated() {
   return terminated_ ? P<IString>(this) : terminatedCopy(view());
 }

@@ -3,6 +3,9 @@
 #include "foundation/Object.h"
 #include "foundation/String.h"
 
+#include <atomic>
+#include <cstdint>
+
 namespace orlo {
 
 /// A text in one piece of memory, its own or not. Never changes after construction.
@@ -26,14 +29,19 @@ public:
   bool isNull() const override { return false; }
   bool isTerminated() const override { return terminated_; }
   P<IString> toTerminated() override;
+  /// Computed once.
+  std::int32_t getHash() const override;
 
 private:
+  static constexpr std::uint32_t kNoHash = 0x80000000;
+
   const unsigned char* data_;
   std::uint32_t byteSize_;
   bool terminated_;
   bool owned_;
   P<ICharEncoding> encoding_;
   std::int32_t length_;
+  mutable std::atomic<std::uint32_t> hash_{kNoHash};
 };
 
 /// The text in memory of its own, with the terminator of its encoding.
