@@ -2,8 +2,8 @@
 
 #include "graphics/animation/GraphicAnimationImage.h"
 #include "graphics/elements/ElementBox.h"
+#include "graphics/elements/ElementTransform.h"
 #include "graphics/elements/GraphicMirror.h"
-#include "graphics/geometry/Angles.h"
 #include "graphics/paint/PixelRange.h"
 
 #include <cmath>
@@ -28,7 +28,7 @@ wxRect AreaOf(const graphics::CGraphicElement& element, const CPageGeometry& geo
   if (!turns && !dynamic_cast<const graphics::CGraphicMirror*>(&element)) return geometry.frame;
 
   const graphics::CDoubleRect box = geometry.matrix.MapRect(graphics::FrameOf(element));
-  const double angle = turns ? graphics::DegToRad(element.GetRotation()) : 0.0;
+  const double angle = turns ? graphics::PaintedRotationOf(element) : 0.0;
   const double cosine = std::abs(std::cos(angle)), sine = std::abs(std::sin(angle));
   const double width = std::abs(box.width), height = std::abs(box.height);
   wxRect area = pixelsAround(box.GetCenter(), width * cosine + height * sine, width * sine + height * cosine);

@@ -6,10 +6,10 @@
 #include "graphics/art/SkinManager.h"
 #include "graphics/elements/CloneOf.h"
 #include "graphics/elements/ElementBox.h"
+#include "graphics/elements/ElementTransform.h"
 #include "graphics/elements/FrameOutline.h"
 #include "graphics/elements/RichTextPainting.h"
 #include "graphics/elements/TextPlace.h"
-#include "graphics/geometry/Angles.h"
 #include "graphics/model/PaintToDC.h"
 #include "graphics/model/ResourceStore.h"
 #include "graphics/paint/EffectDC.h"
@@ -17,15 +17,12 @@
 
 #include <wx/richtext/richtextbuffer.h>
 
-#include <cmath>
-
 namespace graphics {
 
 namespace {
 
 constexpr std::uint32_t kFlags = 1U << 4 | 1U << 5;
 constexpr const char* kAttachment = "attachment-richtextbuffer";
-constexpr double kSmallestRotation = 0.001;
 
 }  // namespace
 
@@ -76,7 +73,7 @@ void CGraphicText::PaintText(CPaintContext& context, const CDoubleRect& box) {
   if (NeedsLayout() || rect != layoutRect_) LayOut(dc, rect, scale);
 
   wxGraphicsMatrix place = TextPlace(*dc.CreateEffectContext(), box.GetCenter(), context, *this);
-  if (std::abs(GetRotation()) > kSmallestRotation) place.Rotate(DegToRad(GetRotation()));
+  if (const double angle = PaintedRotationOf(*this); angle != 0) place.Rotate(angle);
   place.Translate(-rect.width / 2.0, -rect.height / 2.0);
   picture_.Draw(dc, *buffer_, rect, place);
 }
