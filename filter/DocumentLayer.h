@@ -3,8 +3,6 @@
 #include "filter/Layer.h"
 #include "filter/LayerPicture.h"
 
-#include <optional>
-
 namespace authfilter {
 
 /// A run of elements that never change. They are drawn once, at the size of the first repaint, into a picture that
@@ -17,7 +15,7 @@ public:
   void Paint(CFrame& frame) override;
 
 private:
-  std::optional<CLayerPicture> picture_;
+  CLayerPicture picture_;
 };
 
 }  // namespace authfilter

@@ -18,10 +18,10 @@ public:
   /// many repaints save.
   void DrawToStay(CCanvas& canvas, graphics::CGraphicDocument& document, const wxRect& area);
 
-  /// False as long as nothing has been drawn.
+  /// False as long as nothing has been drawn, and after an exception half way.
   bool IsDrawn() const { return drawn_; }
   /// True if it is known that no pixel of it lets anything through.
-  bool IsOpaque() const { return opaque_; }
+  bool IsOpaque() const { return drawn_ && opaque_; }
   /// Where in the frame it lies. Empty if nothing is to be seen of it.
   const wxRect& GetArea() const { return area_; }
   /// Counted from the area's top left corner.
