@@ -57,9 +57,11 @@ void CCanvas::Draw(graphics::CGraphicDocument& document, const wxRect& area,
 }
 
 bool CCanvas::MayKeep(const wxSize& size) {
-  const std::int64_t bytes = kBytesPerPixel * size.x * size.y;
-  if (bytes > kMaxKeptBytes - keptBytes_) return false;
-  keptBytes_ += bytes;
+  // Beside its pixels a picture has runs for each row, which of a narrow one is more, and a place among others.
+  constexpr std::int64_t kBytesPerRow = 24, kBytesPerPicture = 256;
+  const std::int64_t bytes = kBytesPerPicture + size.y * (kBytesPerRow + kBytesPerPixel * size.x);
+  if (bytes > bytesLeft_) return false;
+  bytesLeft_ -= bytes;
   return true;
 }
 

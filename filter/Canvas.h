@@ -18,7 +18,8 @@ public:
   /// What the pictures may take that the layers of one page keep from repaint to repaint.
   static constexpr std::int64_t kMaxKeptBytes = std::int64_t{512} << 20;
 
-  explicit CCanvas(const CPageGeometry& geometry) : geometry_(geometry) {}
+  explicit CCanvas(const CPageGeometry& geometry, std::int64_t maxKeptBytes = kMaxKeptBytes)
+      : geometry_(geometry), bytesLeft_(maxKeptBytes) {}
   CCanvas(const CCanvas&) = delete;
   CCanvas& operator=(const CCanvas&) = delete;
   ~CCanvas() { Release(); }
@@ -36,7 +37,7 @@ public:
 
 private:
   CPageGeometry geometry_;
-  std::int64_t keptBytes_ = 0;
+  std::int64_t bytesLeft_;
   wxBitmap bitmap_;
   graphics::CBitmapSurface surface_;
 };
