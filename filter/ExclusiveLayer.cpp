@@ -36,6 +36,14 @@ bool CExclusiveLayer::Hides(const wxRect& rect) const {
   return found != pictures_.end() && found->second.IsOpaque() && found->second.GetArea().Contains(rect);
 }
 
+/// What changes while nobody sees it needs no repaint until somebody does, and then the layer that hid it asks for it.
+void CExclusiveLayer::PassOver(const wxRect& hidden, const CPageGeometry& geometry) {
+  if (!HasChanged() || !hidden.Contains(GetArea(geometry))) return;
+  shown_.Remember();
+  if (shown_.IsOne()) return;
+  for (auto& [frame, picture] : pictures_) picture.Forget();
+}
+
 /// The picture of what is shown now, empty if it has to be drawn; null if there is no room for it.
 CLayerPicture* CExclusiveLayer::KeptPicture(CCanvas& canvas, const wxRect& area) {
   const wxObjectRefData* const frame = shown_.IsOne() ? shown_.GetFirst() : nullptr;

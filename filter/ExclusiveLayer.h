@@ -23,6 +23,7 @@ public:
   bool MayChange() const override { return !shown_.AreNone(); }
   bool HasChanged() const override { return shown_.HaveChanged(); }
   bool Hides(const wxRect& rect) const override;
+  void PassOver(const wxRect& hidden, const CPageGeometry& geometry) override;
   /// Empty for an element that is invisible or lies outside of the frame.
   wxRect GetArea(const CPageGeometry& geometry) const override;
   /// True as long as an animation runs, also while its picture stays.

@@ -80,8 +80,9 @@ void CInfoStore::Repaint() {
     // What is hidden by a layer above need not be painted.
     const auto hides = [&](const auto& layer) { return layer->Hides(rect); };
     const auto hidden = std::find_if(layers.rbegin(), layers.rend(), hides);
-    for (auto layer = hidden == layers.rend() ? layers.begin() : hidden.base() - 1; layer != layers.end(); ++layer)
-      (*layer)->Paint(frame);
+    const auto lowest = hidden == layers.rend() ? layers.begin() : hidden.base() - 1;
+    for (auto layer = layers.begin(); layer != lowest; ++layer) (*layer)->PassOver(rect, geometry);
+    for (auto layer = lowest; layer != layers.end(); ++layer) (*layer)->Paint(frame);
   }
   pageSurface->MarkDirty();
   const auto mayChange = [](const auto& layer) { return layer->MayChange(); };

@@ -25,6 +25,8 @@ public:
   virtual bool HasChanged() const { return false; }
   /// True if it is known that nothing below can be seen through it in the area.
   virtual bool Hides(const wxRect&) const { return false; }
+  /// Instead of Paint, if another layer hides the area.
+  virtual void PassOver(const wxRect&, const CPageGeometry&) {}
   /// The pixels that it may touch.
   virtual wxRect GetArea(const CPageGeometry& geometry) const { return geometry.frame; }
 

@@ -20,6 +20,8 @@ public:
 
   /// False as long as nothing has been drawn, and after an exception half way.
   bool IsDrawn() const { return drawn_; }
+  /// What it shows is out of date.
+  void Forget() { drawn_ = false; }
   /// True if it is known that no pixel of it lets anything through.
   bool IsOpaque() const { return drawn_ && opaque_; }
   /// Where in the frame it lies. Empty if nothing is to be seen of it.

@@ -192,6 +192,25 @@ TEST_F(Repaint, LeavesOutWhatAnOpaqueAnimationHides) {
   }
 }
 
+TEST_F(Repaint, PaintsNothingWhenWhatIsHiddenStays) {
+  // A mirror and an animation below one that covers both, and that is half transparent in its second second.
+  wxImage half(4, 4);
+  half.InitAlpha();
+  for (int i = 0; i < 16; ++i) half.SetAlpha(i % 4, i / 4, 128);
+  const std::string cover = R"(<animation type="animation" count="2" delay="1000" loop="true">)" +
+                            Bitmap("frame0", *wxGREEN) + Bitmap("frame1", half) + "</animation>";
+  OpenOnBlack(Image(20, 10, 30, 20, TwoColours(100, true), R"(unique="7")") + "<mirror>" + Frame(20, 35, 30, 20) +
+              R"(<graphic-document><animation type="animation-image" unique="7"/>)" +
+              Image(30, 12, 5, 5, TwoColours(1, true)) + "</graphic-document></mirror>" + Image(10, 5, 60, 60, cover));
+  ASSERT_EQ(store.layers.size(), 3u);
+  std::string painted;
+  for (int frame = 1; frame < 100; ++frame) {
+    painted += RepaintedAtNextFrame().IsEmpty() ? '.' : 'x';
+    EXPECT_EQ(Difference(), "") << frame;
+  }
+  EXPECT_EQ(painted.substr(0, 24), "..x..x..x..x..x..x..x..x");
+}
+
 TEST_F(Repaint, OfSeparateAnimationsLeavesOutWhatLiesBetween) {
   OpenOnBlack(Rectangle(0, 0, 160, 90, kBlue) + Image(0, 0, 20, 20, TwoColours(1, true)) +
               Image(140, 70, 20, 20, TwoColours(1, true)));
