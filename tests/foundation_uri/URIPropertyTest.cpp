@@ -84,6 +84,39 @@ TEST(URIProperties, AComposedTextParsesToTheSameComponents) {
   EXPECT_GT(compared, 10000);
 }
 
+/// Step by step on the text, as one would do it by hand.
+std::string withoutDots(std::string path) {
+  while (path.starts_with("./")) path.erase(0, 2);
+  for (std::size_t at; (at = path.find("/./")) != std::string::npos;) path.erase(at, 2);
+  if (path.ends_with("/.")) path.pop_back();
+  if (path == ".") path.clear();
+  const std::size_t root = path.starts_with('/') ? 1 : 0;
+  for (std::size_t start = root; start < path.size();) {
+    const std::size_t slash = path.find('/', start);
+    if (slash == std::string::npos) break;
+    const std::size_t end = std::min(path.find('/', slash + 1), path.size());
+    const bool isPair = path.substr(start, slash - start) != ".." && path.substr(slash + 1, end - slash - 1) == "..";
+    if (isPair) path.erase(start, end + 1 - start);
+    start = isPair ? root : slash + 1;
+  }
+  return path;
+}
+
+TEST(URIProperties, APathLosesItsDotSegmentsStepByStep) {
+  CRandomTexts random;
+  int changed = 0;
+  for (int i = 0; i < 20000; ++i) {
+    static const char* const kNames[] = {"a", "b", "..", ".", "..", "...", ".c"};
+    std::string path(random.below(2), '/');
+    for (std::size_t names = 1 + random.below(9); names > 0; --names)
+      path.append(kNames[random.below(std::size(kNames))]).append(names > 1 || random.below(2) == 0 ? "/" : "");
+    const std::string expected = withoutDots(path);
+    EXPECT_EQ(textOf(CURI(fromUTF8(path)).getRawPath()), expected) << path;
+    changed += expected == path ? 0 : 1;
+  }
+  EXPECT_GT(changed, 10000);
+}
+
 TEST(URIProperties, ATextWithoutDotSegmentsIsComposedAsItWas) {
   CRandomTexts random;
   int compared = 0;
