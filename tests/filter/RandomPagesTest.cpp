@@ -4,6 +4,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace authfilter {
@@ -96,6 +97,29 @@ protected:
     ASSERT_FALSE(instance.layers.empty());
   }
 
+  /// The frames of the same page in an instance of its own.
+  static std::vector<std::uint8_t> FramesOf(const CInfoStore& page) {
+    CInfoStore instance;
+    {
+      const graphics::CToolkitLock lock;
+      instance.pluginData = std::make_unique<wxXmlDocument>(*page.pluginData);
+    }
+    instance.width = page.width;
+    instance.height = page.height;
+    instance.frameRateNum = page.frameRateNum;
+    instance.frameRateDen = page.frameRateDen;
+    instance.noAlpha = true;
+    instance.Open();
+    std::vector<std::uint8_t> frames;
+    for (int frame = 0; frame < 12; ++frame) {
+      instance.NextFrame();
+      const graphics::CPixels pixels = instance.BeginReadFrame();
+      frames.insert(frames.end(), pixels.data, pixels.Row(pixels.height));
+      instance.EndReadFrame();
+    }
+    return frames;
+  }
+
   std::mt19937 random_;
   int shared_ = 0;
 };
@@ -123,6 +147,19 @@ TEST_F(RandomPages, LookLikeAPlainAndFullPaintingInEveryFrame) {
       if (repaints) expected = plain.Paint();
       ASSERT_EQ(DifferenceOf(seen, expected), "") << "page " << seed << ", frame " << frame;
     }
+  }
+}
+
+TEST_F(RandomPages, OfSeveralThreadsAtOnceLookAsOnOne) {
+  for (unsigned seed = 1001; seed <= 1020; ++seed) {
+    random_.seed(seed);
+    CInfoStore page;
+    ASSERT_NO_FATAL_FAILURE(OpenPage(page));
+    const std::vector<std::uint8_t> expected = FramesOf(page);
+    std::vector<std::thread> threads;
+    for (int index = 0; index < 4; ++index)
+      threads.emplace_back([&] { EXPECT_TRUE(FramesOf(page) == expected) << "page " << seed; });
+    for (std::thread& thread : threads) thread.join();
   }
 }
 
