@@ -98,6 +98,8 @@ std::optional<CDirectoryPlace> FindDirectory(wxInputStream& archive, std::uint64
 void ReadExtra(CBytes bytes, CBytes name, CZipEntry& entry) {
   constexpr std::uint16_t kLarge = 0x0001;
   constexpr std::uint16_t kUnicodePath = 0x7075;
+  // Thousands of fields may ask for it.
+  std::optional<std::uint32_t> nameCrc;
   CByteReader extra(bytes);
   while (!extra.IsAtEnd() && extra.IsOk()) {
     const auto id = extra.Take<std::uint16_t>();
@@ -109,7 +111,8 @@ void ReadExtra(CBytes bytes, CBytes name, CZipEntry& entry) {
     } else if (id == kUnicodePath) {
       const auto version = field.Take<std::uint8_t>();
       const auto crc = field.Take<std::uint32_t>();
-      if (version == 1 && crc == crc32_z(0, name.data(), name.size()))
+      if (!nameCrc) nameCrc = static_cast<std::uint32_t>(crc32_z(0, name.data(), name.size()));
+      if (version == 1 && crc == nameCrc)
         entry.name = DecodeZipName(content.subspan(std::min<std::size_t>(5, content.size())));
     }
   }
