@@ -78,9 +78,10 @@ void CThreadImpl::end() {
 }
 
 bool CThreadImpl::waitForEnd(std::uint32_t milliseconds) {
-  if (pthread_equal(thread_, pthread_self())) return false;
   {
     std::unique_lock lock(mutex_);
+    // The system gives the ids of ended threads away again.
+    if (!ended_ && pthread_equal(thread_, pthread_self())) return false;
     const auto hasEnded = [this] { return ended_; };
     if (milliseconds == kForever) {
       changed_.wait(lock, hasEnded);
@@ -94,7 +95,7 @@ bool CThreadImpl::waitForEnd(std::uint32_t milliseconds) {
   return true;
 }
 
-// The system gives ids of ended threads away again, so the thread is kept from ending meanwhile.
+// The thread is kept from ending meanwhile, since its id would then be another's.
 void CThreadImpl::setPriority(ThreadPriority priority) {
   std::unique_lock lock(mutex_);
   changed_.wait(lock, [this] { return id_ != 0; });

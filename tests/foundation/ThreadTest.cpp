@@ -76,6 +76,23 @@ TEST(Thread, NeverSeesItsOwnEnd) {
   EXPECT_FALSE(seen);
 }
 
+TEST(Thread, IsNotTakenForALaterOneThatHasGotItsId) {
+  pthread_t id{};
+  const P<IThread> ended = startThread([&] { id = pthread_self(); });
+  ASSERT_TRUE(ended->waitForEnd(kLong));
+  bool hasItsId = false;
+  bool seen = false;
+  for (int i = 0; i < 100 && !hasItsId; ++i) {
+    const P<IThread> later = startThread([&] {
+      hasItsId = pthread_equal(id, pthread_self());
+      seen = ended->waitForEnd(0);
+    });
+    ASSERT_TRUE(later->waitForEnd(kLong));
+    EXPECT_TRUE(seen);
+  }
+  if (!hasItsId) GTEST_SKIP() << "no thread has got the id of another";
+}
+
 TEST(Thread, RunsOnWhenNobodyHoldsItAnyMore) {
   const P<ISignal> dropped = getSignalFactory()->createSignal();
   const P<ISignal> ended = getSignalFactory()->createSignal();
