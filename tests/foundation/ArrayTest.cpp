@@ -152,11 +152,11 @@ TEST(Array, MayShrinkUnderAWalk) {
 }
 
 TEST(Array, MayBeUsedByAnObjectThatItReplaces) {
+  CCounted other;
   CArray array;
   array.add(makeObject<CCounted>([&array] {
     for (int i = 0; i < 100; ++i) array.add(nullptr);
   }));
-  CCounted other;
   array.set(0, &other);
   EXPECT_EQ(array.getCount(), 101);
   EXPECT_EQ(array.get(0).get(), &other);

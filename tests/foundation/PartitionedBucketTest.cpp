@@ -70,8 +70,8 @@ TEST(PartitionedBucket, IsABucketOfAllItsParts) {
 }
 
 TEST(PartitionedBucket, WalksItsPartsInTheOrderOfTheirNames) {
-  CPartitionedBucket bucket;
   std::vector<CCounted> objects(12);
+  CPartitionedBucket bucket;
   for (std::size_t i = 0; i < objects.size(); ++i) bucket.add(fromUTF8("part " + std::to_string(i)), &objects[i]);
   const P<IConstEnum> all = bucket.getConstEnum();
   for (const P<IConstEnum> names = bucket.getPartitionNames(); names->hasNext();)

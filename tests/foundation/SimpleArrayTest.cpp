@@ -68,8 +68,8 @@ TEST(SimpleArray, MakesRoomInTheMiddle) {
 }
 
 TEST(SimpleArray, InsertsWhatItHoldsItself) {
-  TSimpleArray<P<CCounted>> array(1);
   CCounted object;
+  TSimpleArray<P<CCounted>> array(1);
   array.add(&object);
   array.insert(0, array[0]);
   array.insert(1, array[1]);
