@@ -1,5 +1,6 @@
 #include "foundation/posix/FileOperations.h"
 
+#include "foundation/posix/FileBytes.h"
 #include "foundation/posix/FileHandle.h"
 
 #include <algorithm>
@@ -24,25 +25,14 @@ int openFile(const std::string& path, int flags, mode_t mode, CFileHandle& file)
   return file ? 0 : errno;
 }
 
-int writeAll(int file, const std::byte* data, std::size_t size) {
-  while (size > 0) {
-    const ssize_t written = write(file, data, size);
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return errno;
-    data += written;
-    size -= static_cast<std::size_t>(written);
-  }
-  return 0;
-}
-
 int copyByReading(int source, int destination) {
-  std::array<std::byte, 1 << 16> block;
+  std::array<char, 1 << 16> block;
   for (;;) {
     const ssize_t count = read(source, block.data(), block.size());
     if (count == 0) return 0;
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) return errno;
-    if (const int code = writeAll(destination, block.data(), static_cast<std::size_t>(count))) return code;
+    if (const int code = writeAll(destination, {block.data(), static_cast<std::size_t>(count)})) return code;
   }
 }
 
@@ -61,8 +51,8 @@ int copyContent(int source, int destination) {
 int copyInto(int destination, int source, const struct stat& status) {
   if (ftruncate(destination, 0) != 0) return errno;
   if (const int code = copyContent(source, destination)) return code;
-  // What a file system cannot keep is left out.
-  static_cast<void>(!fchmod(destination, status.st_mode & 07777));
+  // What a file system cannot keep is left out, and so is the right to act as the owner, who may be another one here.
+  static_cast<void>(!fchmod(destination, status.st_mode & 0777));
   const timespec times[2] = {status.st_atim, status.st_mtim};
   static_cast<void>(!futimens(destination, times));
   return 0;
@@ -99,12 +89,16 @@ int deleteFile(const std::string& path) {
 }
 
 int moveEntry(const std::string& source, const std::string& destination) {
-  if (renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, destination.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  return moveEntryInto(source, AT_FDCWD, destination);
+}
+
+int moveEntryInto(const std::string& source, int folder, const std::string& destination) {
+  if (renameat2(AT_FDCWD, source.c_str(), folder, destination.c_str(), RENAME_NOREPLACE) == 0) return 0;
   if (errno != EINVAL && errno != ENOSYS) return errno;
   // A file system that can't look and move at once.
   struct stat status {};
-  if (lstat(destination.c_str(), &status) == 0) return EEXIST;
-  return resultOf(rename(source.c_str(), destination.c_str()));
+  if (fstatat(folder, destination.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) return EEXIST;
+  return resultOf(renameat(AT_FDCWD, source.c_str(), folder, destination.c_str()));
 }
 
 int moveFile(const std::string& source, const std::string& destination) {
@@ -130,7 +124,7 @@ int copyFile(const std::string& source, const std::string& destination, bool fai
   if (!S_ISREG(target.st_mode)) return EINVAL;
   if (target.st_dev == status.st_dev && target.st_ino == status.st_ino) return EEXIST;
   code = copyInto(to.get(), from.get(), status);
-  if (code != 0 && isNew) unlink(destination.c_str());
+  if (code != 0) static_cast<void>(isNew ? unlink(destination.c_str()) : ftruncate(to.get(), 0));
   return code;
 }
 
@@ -148,9 +142,10 @@ int readFileTimes(const std::string& path, CFileTimes& times) {
 
 int readFileSize(const std::string& path, std::int64_t& size) {
   struct stat status {};
-  const int code = readStatus(path, status);
+  if (const int code = readStatus(path, status)) return code;
+  if (S_ISDIR(status.st_mode)) return EISDIR;
   size = status.st_size;
-  return code;
+  return 0;
 }
 
 }  // namespace orlo::posix

@@ -1,5 +1,7 @@
 #include "foundation/posix/FileReplacement.h"
 
+#include "foundation/posix/FileBytes.h"
+
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -22,15 +24,6 @@ std::string resolved(const std::string& path) {
   return name.get();
 }
 
-void writeAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) fail("write");
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
-
 void copyOwnership(const std::string& from, int to) {
   struct stat wanted {};
   struct stat present {};
@@ -43,19 +36,6 @@ void copyOwnership(const std::string& from, int to) {
 
 }  // namespace
 
-std::string readAll(int file, std::size_t mostBytes) {
-  std::string text;
-  char buffer[65536];
-  while (true) {
-    const ssize_t size = pread(file, buffer, sizeof(buffer), static_cast<off_t>(text.size()));
-    if (size < 0 && errno == EINTR) continue;
-    if (size < 0) fail("read");
-    if (size == 0) return text;
-    text.append(buffer, static_cast<std::size_t>(size));
-    if (text.size() > mostBytes) fail("read", EFBIG);
-  }
-}
-
 CFileHandle replaceFile(const std::string& path, std::string_view bytes) {
   const std::filesystem::path target = resolved(path);
   const std::string folder = target.parent_path().string();
@@ -65,7 +45,7 @@ CFileHandle replaceFile(const std::string& path, std::string_view bytes) {
   CFileHandle file(open(temporary.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
   if (!file) fail(temporary);
   try {
-    writeAll(file.get(), bytes);
+    if (const int code = writeAll(file.get(), bytes)) fail(temporary, code);
     copyOwnership(target.string(), file.get());
     if (fsync(file.get()) != 0) fail(temporary);
     if (rename(temporary.c_str(), target.c_str()) != 0) fail(temporary);
@@ -77,13 +57,6 @@ CFileHandle replaceFile(const std::string& path, std::string_view bytes) {
   const CFileHandle folderHandle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folderHandle) fsync(folderHandle.get());
   return file;
-}
-
-void makeFolders(const std::string& path) {
-  if (path.empty() || mkdir(path.c_str(), 0700) == 0 || errno == EEXIST) return;
-  if (errno != ENOENT) fail(path);
-  makeFolders(std::filesystem::path(path).parent_path().string());
-  if (mkdir(path.c_str(), 0700) != 0 && errno != EEXIST) fail(path);
 }
 
 }  // namespace orlo::posix

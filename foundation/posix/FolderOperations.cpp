@@ -40,8 +40,10 @@ int clearUpToFolder(int folder, std::string& notEmpty) {
     if (isDots(entry->d_name)) continue;
     if (unlinkat(folder, entry->d_name, 0) == 0) continue;
     // A folder is told by EISDIR here, and by EPERM on other systems.
-    if (errno != EISDIR && errno != EPERM) return errno;
+    const int code = errno;
+    if (code != EISDIR && code != EPERM) return code;
     if (unlinkat(folder, entry->d_name, AT_REMOVEDIR) == 0) continue;
+    if (errno == ENOTDIR) return code;
     if (errno != ENOTEMPTY && errno != EEXIST) return errno;
     notEmpty = entry->d_name;
     return 0;
@@ -86,9 +88,8 @@ int clearFolder(CFileHandle folder) {
   }
 }
 
-bool isLink(const std::string& path) {
-  struct stat status {};
-  return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+int makeFolder(const std::string& path, mode_t mode) {
+  return mkdir(path.c_str(), mode) == 0 ? 0 : errno;
 }
 
 bool isFolderEntry(int folder, const dirent& entry) {
@@ -99,17 +100,22 @@ bool isFolderEntry(int folder, const dirent& entry) {
 
 }  // namespace
 
-int createFolder(const std::string& path) {
-  return mkdir(path.c_str(), 0777) == 0 ? 0 : errno;
+bool isLink(const std::string& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
-int createFolders(const std::string& path) {
+int createFolder(const std::string& path) {
+  return makeFolder(path, 0777);
+}
+
+int createFolders(const std::string& path, mode_t mode) {
   if (path.empty()) return ENOENT;
   for (std::size_t end = 0; end != std::string::npos;) {
     end = path.find('/', end + 1);
     const std::string level = path.substr(0, end);
     if (folderExists(level)) continue;
-    const int code = createFolder(level);
+    const int code = makeFolder(level, mode);
     // Somebody else may have made it meanwhile.
     if (code != 0 && !folderExists(level)) return code;
   }

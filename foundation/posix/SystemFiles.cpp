@@ -20,13 +20,19 @@ void check(int code, const char* key, const char* text, const char* placeholder,
   throw CError(toWide(localize(key, text)).replace("%MSG%", systemText(code)).replace(placeholder, nameOf(uri)));
 }
 
+/// A name may hold what looks like a placeholder, so none is looked for in what has been filled in.
+String filled(const String& message, const String& source, const String& destination) {
+  const CStringPos place = message.find("%DEST%");
+  if (place.isEnd()) return message.replace("%SRC%", source);
+  const String rest = message.substring(place);
+  return message.substring({}, place).replace("%SRC%", source) + destination +
+         filled(rest.substring(rest.positionAt(6)), source, destination);
+}
+
 void check(int code, const char* key, const char* text, const PC<IURI>& source, const PC<IURI>& destination) {
   if (code == 0) return;
-  const String message = toWide(localize(key, text)).replace("%MSG%", systemText(code));
-  // A name may hold what looks like the next placeholder.
-  const CStringPos next = message.find("%DEST%");
-  const String front = message.substring({}, next).replace("%SRC%", nameOf(source));
-  throw CError(next.isEnd() ? front : front + message.substring(next).replace("%DEST%", nameOf(destination)));
+  throw CError(
+      filled(toWide(localize(key, text)).replace("%MSG%", systemText(code)), nameOf(source), nameOf(destination)));
 }
 
 void check(int code, const PC<IURI>& uri) {
@@ -49,7 +55,7 @@ void CSystem::deleteFile(const PC<IURI>& file, bool toRecycleBin) {
   if (!toRecycleBin)
     code = posix::deleteFile(path);
   else
-    code = posix::folderExists(path) ? EISDIR : moveToTrash(path);
+    code = posix::folderExists(path) && !isLink(path) ? EISDIR : moveToTrash(path);
   check(code, "orlo.CSystem.DeleteFileFailed", "Error deleting the file '%FILE%' (%MSG%).", "%FILE%", file);
 }
 
@@ -72,7 +78,7 @@ void CSystem::deleteFolder(const PC<IURI>& folder, bool recursive, bool toRecycl
   const std::string path = localFolderPath(folder);
   int code = 0;
   if (toRecycleBin)
-    code = posix::folderExists(path) ? moveToTrash(path) : ENOENT;
+    code = posix::folderExists(path) ? moveToTrash(path) : posix::fileExists(path) ? ENOTDIR : ENOENT;
   else
     code = recursive ? deleteFolderTree(path) : posix::deleteFolder(path);
   check(code, "orlo.CSystem.DeleteFolderFailed", "Error deleting the folder '%FOLDER%' (%MSG%).", "%FOLDER%", folder);

@@ -1,6 +1,6 @@
 #include "foundation/posix/Trash.h"
 
-#include "foundation/TimeManager.h"
+#include "foundation/posix/FileBytes.h"
 #include "foundation/posix/FileHandle.h"
 #include "foundation/posix/FileOperations.h"
 #include "foundation/posix/FolderOperations.h"
@@ -19,9 +19,11 @@ namespace orlo::posix {
 
 namespace {
 
-/// A recycle bin, and the start of the paths that it leaves out.
+/// A recycle bin, its folders held so that nobody can put others in their place.
 struct CTrash {
-  std::string folder;
+  CFileHandle files;
+  CFileHandle info;
+  /// The start of the paths that its notes leave out.
   std::string top;
 };
 
@@ -53,43 +55,50 @@ std::string topFolderOf(const std::string& path, dev_t device) {
   }
 }
 
-int makePrivate(const std::string& folder) {
-  return mkdir(folder.c_str(), 0700) == 0 || folderExists(folder) ? 0 : errno;
+int openFolder(int parent, const std::string& name, CFileHandle& folder) {
+  folder = CFileHandle(openat(parent, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  return folder ? 0 : errno;
 }
 
-/// Others must not lead a user's files elsewhere by a link.
-bool isOwnFolder(const std::string& folder) {
+/// Makes it if it is not there. Others must not lead a user's files elsewhere: by a link, or by a folder of theirs.
+int openOwnFolder(int parent, const std::string& name, CFileHandle& folder) {
+  if (mkdirat(parent, name.c_str(), 0700) != 0 && errno != EEXIST) return errno;
+  if (const int code = openFolder(parent, name, folder)) return code;
   struct stat status {};
-  return lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == geteuid();
+  if (fstat(folder.get(), &status) != 0) return errno;
+  return status.st_uid == geteuid() ? 0 : EACCES;
 }
 
-int makeTrash(const std::string& folder) {
-  if (const int code = makePrivate(folder)) return code;
-  if (!isOwnFolder(folder)) return EACCES;
-  if (const int code = makePrivate(folder + "/files")) return code;
-  return makePrivate(folder + "/info");
+int openTrash(int parent, const std::string& name, CTrash& trash) {
+  CFileHandle folder;
+  if (const int code = openOwnFolder(parent, name, folder)) return code;
+  if (const int code = openOwnFolder(folder.get(), "files", trash.files)) return code;
+  return openOwnFolder(folder.get(), "info", trash.info);
 }
 
-int homeTrash(CTrash& trash) {
+int openHomeTrash(CTrash& trash) {
   const std::string data = specialFolder(ESpecialFolder::localAppData);
-  if (const int code = createFolders(data)) return code;
-  trash.folder = data + "/Trash";
-  return makeTrash(trash.folder);
+  if (const int code = createFolders(data, 0700)) return code;
+  const CFileHandle folder(open(data.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  return folder ? openTrash(folder.get(), "Trash", trash) : errno;
 }
 
-int topTrash(const std::string& top, CTrash& trash) {
-  const std::string user = std::to_string(geteuid());
-  const std::string start = top == "/" ? "/" : top + "/";
-  trash.top = start;
-  // The administrator's folder for all users counts only if nobody can replace what is in it.
+/// The administrator's folder for all users counts only if nobody can replace what is in it.
+int openSharedTrash(int top, const std::string& user, CTrash& trash) {
+  CFileHandle shared;
+  if (const int code = openFolder(top, ".Trash", shared)) return code;
   struct stat status {};
-  const std::string shared = start + ".Trash";
-  if (lstat(shared.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && (status.st_mode & S_ISVTX) != 0) {
-    trash.folder = shared + "/" + user;
-    if (makeTrash(trash.folder) == 0) return 0;
-  }
-  trash.folder = start + ".Trash-" + user;
-  return makeTrash(trash.folder);
+  if (fstat(shared.get(), &status) != 0) return errno;
+  return (status.st_mode & S_ISVTX) != 0 ? openTrash(shared.get(), user, trash) : EACCES;
+}
+
+int openTopTrash(const std::string& top, CTrash& trash) {
+  const std::string user = std::to_string(geteuid());
+  CFileHandle folder;
+  if (const int code = openFolder(AT_FDCWD, top, folder)) return code;
+  trash.top = top == "/" ? "/" : top + "/";
+  if (openSharedTrash(folder.get(), user, trash) == 0) return 0;
+  return openTrash(folder.get(), ".Trash-" + user, trash);
 }
 
 std::string escaped(std::string_view path) {
@@ -116,16 +125,6 @@ std::string infoOf(const std::string& path) {
   return "[Trash Info]\nPath=" + escaped(path) + "\nDeletionDate=" + date + "\n";
 }
 
-int writeFile(int file, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = write(file, text.data(), text.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return errno;
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return 0;
-}
-
 /// Cut so that a number and ".trashinfo" find room behind it in a name of 255 bytes.
 std::string baseOf(std::string name) {
   constexpr std::size_t kMost = 230;
@@ -141,14 +140,14 @@ int moveInto(const CTrash& trash, const std::string& path) {
   const std::string info = infoOf(path.substr(trash.top.size()));
   for (unsigned number = 1;; ++number) {
     const std::string name = number == 1 ? base : base + "." + std::to_string(number);
-    const std::string note = trash.folder + "/info/" + name + ".trashinfo";
-    const CFileHandle file(open(note.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    const std::string note = name + ".trashinfo";
+    const CFileHandle file(openat(trash.info.get(), note.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!file && errno == EEXIST) continue;
     if (!file) return errno;
-    int code = writeFile(file.get(), info);
-    if (code == 0) code = moveEntry(path, trash.folder + "/files/" + name);
+    int code = writeAll(file.get(), info);
+    if (code == 0) code = moveEntryInto(path, trash.files.get(), name);
     if (code == 0) return 0;
-    unlink(note.c_str());
+    unlinkat(trash.info.get(), note.c_str(), 0);
     // A file without a note, which somebody has left behind.
     if (code != EEXIST) return code;
   }
@@ -162,14 +161,17 @@ int moveToTrash(const std::string& path) {
   struct stat status {};
   if (lstat(entry.c_str(), &status) != 0) return errno;
 
-  CTrash trash;
-  const int code = homeTrash(trash);
-  struct stat home {};
-  if (code == 0 && stat(trash.folder.c_str(), &home) == 0 && home.st_dev == status.st_dev) {
-    const int moved = moveInto(trash, entry);
-    if (moved != EXDEV) return moved;
+  CTrash home;
+  struct stat place {};
+  if (openHomeTrash(home) == 0 && fstat(home.files.get(), &place) == 0 && place.st_dev == status.st_dev) {
+    const int code = moveInto(home, entry);
+    if (code != EXDEV) return code;
   }
-  if (const int failed = topTrash(topFolderOf(entry, status.st_dev), trash)) return failed;
+  const std::string top = topFolderOf(entry, status.st_dev);
+  // Where a file system is mounted there is no place on it for that folder itself.
+  if (top == entry) return EBUSY;
+  CTrash trash;
+  if (const int code = openTopTrash(top, trash)) return code;
   return moveInto(trash, entry);
 }
 

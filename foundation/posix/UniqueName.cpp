@@ -16,6 +16,8 @@ template <class Create>
 int createUnique(const std::string& folder, const String& format, const String& prefix, const String& suffix,
                  CMersenneTwisterRandomNumberGenerator& random, std::string& path, Create create) {
   if (folder.empty()) return ENOENT;
+  // The system would take the name to end there, before the number.
+  if (toStdString(prefix).find('\0') != std::string::npos) return EINVAL;
   for (;;) {
     const String name = CStringFormat(format).push(prefix).push(random.getNext()).push(suffix).getString();
     path = folder + (folder.ends_with('/') ? "" : "/") + toStdString(name);

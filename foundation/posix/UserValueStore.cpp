@@ -1,9 +1,7 @@
 #include "foundation/Error.h"
 #include "foundation/ValueStore.h"
-#include "foundation/posix/ConfigFolder.h"
 #include "foundation/posix/FileValueStore.h"
-
-#include <cerrno>
+#include "foundation/posix/SpecialFolders.h"
 
 namespace orlo {
 
@@ -12,8 +10,7 @@ P<IValueStore> openUserValueStore(const String& application) {
   const bool isFolder = !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos &&
                         name.find('\0') == std::string::npos;
   if (!isFolder) throw CInvalidArgError(nullptr, nullptr, "openUserValueStore", "The name cannot be one of a folder.");
-  const std::string folder = posix::configFolder();
-  if (folder.empty()) throw CNoSuchObjectError();
+  const std::string folder = posix::specialFolder(ESpecialFolder::appData);
   return makeObject<posix::CFileValueStore>(fromUTF8(folder + "/" + name + "/settings.conf"));
 }
 

@@ -2,7 +2,9 @@
 
 #include "foundation/Error.h"
 #include "foundation/StringLocalizer.h"
+#include "foundation/posix/FileBytes.h"
 #include "foundation/posix/FileReplacement.h"
+#include "foundation/posix/FolderOperations.h"
 #include "foundation/posix/StoredText.h"
 #include "foundation/posix/SystemError.h"
 
@@ -122,11 +124,7 @@ CFileHandle CValueFile::openForChange() const {
   constexpr int kFlags = O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK;
   CFileHandle file(open(path_.c_str(), kFlags, 0666));
   if (file || errno != ENOENT) return file;
-  try {
-    makeFolders(std::filesystem::path(path_).parent_path().string());
-  } catch (const std::system_error& error) {
-    failWriting(error.code().value());
-  }
+  if (const int code = createFolders(std::filesystem::path(path_).parent_path().string(), 0700)) failWriting(code);
   return CFileHandle(open(path_.c_str(), kFlags, 0666));
 }
 

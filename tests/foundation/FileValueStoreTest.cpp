@@ -3,6 +3,7 @@
 #include "foundation/posix/FileValueStore.h"
 #include "tests/foundation/TemporaryFolder.h"
 #include "tests/foundation/TextOf.h"
+#include "tests/foundation/Variable.h"
 
 #include <gmock/gmock.h>
 
@@ -339,24 +340,23 @@ TEST_F(FileValueStore, IsUsedBySeveralThreads) {
     });
   }
   for (std::thread& thread : threads) thread.join();
-  for (const std::string& name : namesOf(store.getSubStoreNames()))
+  const std::vector<std::string> names = namesOf(store.getSubStoreNames());
+  EXPECT_THAT(names, ElementsAre("0", "1", "2", "3"));
+  for (const std::string& name : names)
     EXPECT_EQ(namesOf(store.getSubStore(fromUTF8(name))->getValueNames()).size(), 10u);
 }
 
 TEST(UserValueStore, LiesInTheUsersConfigurationFolder) {
   const CTemporaryFolder folder;
-  const auto setFolder = [](const char* variable, const std::string& path) { setenv(variable, path.c_str(), 1); };
-  setFolder("XDG_CONFIG_HOME", folder.get().string());
-  openUserValueStore("mfilter test")->setInt("x", 1);
+  {
+    const CVariable settings("XDG_CONFIG_HOME", folder.get().string());
+    openUserValueStore("mfilter test")->setInt("x", 1);
+  }
   EXPECT_EQ(contentOf(folder / "mfilter test" / "settings.conf"), "x = 1\n");
-  setFolder("XDG_CONFIG_HOME", "relative");
-  const char* home = getenv("HOME");
-  const std::string oldHome = home ? home : "";
-  setFolder("HOME", folder.get().string());
+  const CVariable settings("XDG_CONFIG_HOME", "relative");
+  const CVariable home("HOME", folder.get().string());
   openUserValueStore("two")->setInt("x", 2);
   EXPECT_EQ(contentOf(folder / ".config" / "two" / "settings.conf"), "x = 2\n");
-  setFolder("HOME", oldHome);
-  unsetenv("XDG_CONFIG_HOME");
 }
 
 TEST(UserValueStore, RefusesNamesThatLeadElsewhere) {

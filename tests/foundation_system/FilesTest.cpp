@@ -1,4 +1,5 @@
 #include "foundation/Error.h"
+#include "foundation/StringLocalizer.h"
 #include "tests/foundation/TextOf.h"
 #include "tests/foundation_system/SmallDisk.h"
 
@@ -90,6 +91,15 @@ TEST(Files, AreMovedOnlyToFreeNames) {
             "Error moving file '" + folder.at("%DEST%") + "' to '" + folder.at("y") + "'.");
 }
 
+TEST(Files, AreNamedInTheOrderOfATranslation) {
+  const CTestFolder folder;
+  const char* const key = "orlo.CSystem.MoveFileFailed";
+  getStringLocalizer()->setText(key, "%DEST%, %SRC%, %DEST%");
+  const std::string message = errorOf([&] { getSystem()->moveFile(folder.uriAt("%DEST%"), folder.uriAt("%SRC%")); });
+  getStringLocalizer()->clear();
+  EXPECT_EQ(message, folder.at("%SRC%") + ", " + folder.at("%DEST%") + ", " + folder.at("%SRC%"));
+}
+
 TEST(Files, AreMovedToOtherFileSystems) {
   const CTestFolder folder;
   std::filesystem::create_directory(folder.at("disk"));
@@ -125,6 +135,16 @@ TEST(Files, AreCopiedWithModeAndTime) {
   stat(folder.at("b").c_str(), &status);
   EXPECT_EQ(status.st_mode & 0777, 0550u);
   EXPECT_EQ(status.st_mtim.tv_sec, 1100000000);
+}
+
+TEST(Files, AreCopiedWithoutTheRightToActAsTheirOwner) {
+  const CTestFolder folder;
+  writeFile(folder.at("a"));
+  ASSERT_EQ(chmod(folder.at("a").c_str(), 06755), 0);
+  getSystem()->copyFile(folder.uriAt("a"), folder.uriAt("b"), true);
+  struct stat status {};
+  stat(folder.at("b").c_str(), &status);
+  EXPECT_EQ(status.st_mode & 07777, 0755u);
 }
 
 TEST(Files, AreCopiedOverOthersIfThatIsAskedFor) {
@@ -181,6 +201,10 @@ TEST(Files, ThatFindNoRoomLeaveNoPartBehind) {
         errorOf([&] { getSystem()->copyFile(folder.uriAt("large"), folder.uriAt("disk/a"), true); });
     if (message != expected) return "message: " + message;
     if (exists(folder.at("disk/a"))) return "a part is left behind";
+    writeFile(folder.at("disk/old"), "old");
+    if (errorOf([&] { getSystem()->copyFile(folder.uriAt("large"), folder.uriAt("disk/old"), false); }) == "(none)")
+      return "copied over another";
+    if (readFile(folder.at("disk/old")) != "") return "a part is left in the file that was there";
     try {
       getSystem()->moveFile(folder.uriAt("large"), folder.uriAt("disk/a"));
       return "moved";
@@ -200,6 +224,7 @@ TEST(Files, TellTheirTimesAndSizes) {
   EXPECT_EQ(found.accessed, 1000000000005);
   EXPECT_EQ(found.modified, 1100000000007);
   EXPECT_GE(found.created, found.modified);
+  EXPECT_THROW(getSystem()->getFileSize(folder.uriAt("")), CError);
 }
 
 TEST(Files, OfMoreThanFourGigabytesTellTheirSize) {

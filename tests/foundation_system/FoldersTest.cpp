@@ -143,6 +143,17 @@ TEST(Folders, WithoutPermissionStay) {
   EXPECT_TRUE(exists(folder.at("a/locked/file")));
 }
 
+TEST(Folders, SayThatAFileInThemIsAnothers) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root can make a file of another user";
+  const CTestFolder folder;
+  std::filesystem::create_directory(folder.at("sticky"));
+  writeFile(folder.at("sticky/file"));
+  chmod(folder.at("sticky").c_str(), 01777);
+  const CUnprivileged user;
+  EXPECT_EQ(errorOf([&] { getSystem()->deleteFolder(folder.uriAt("sticky"), true, false); }),
+            "Error deleting the folder '" + folder.at("sticky") + "' (Operation not permitted).");
+}
+
 TEST(Folders, AreMovedWithAllThatIsInThem) {
   const CTestFolder folder;
   std::filesystem::create_directories(folder.at("a/b"));

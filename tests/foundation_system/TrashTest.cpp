@@ -61,6 +61,34 @@ TEST_F(CTrashTest, KeepsFoldersAndLinks) {
   EXPECT_TRUE(std::filesystem::is_symlink(trash + "files/link"));
 }
 
+TEST_F(CTrashTest, TakesTheLinkToAFolderAsAFileOrAFolder) {
+  std::filesystem::create_directories(folder.at("f"));
+  for (const char* name : {"one", "two"}) std::filesystem::create_directory_symlink("f", folder.at(name));
+  getSystem()->deleteFile(folder.uriAt("one"), true);
+  getSystem()->deleteFolder(folder.uriAt("two/"), true, true);
+  for (const char* name : {"one", "two"}) EXPECT_TRUE(std::filesystem::is_symlink(trash + "files/" + name)) << name;
+  EXPECT_TRUE(exists(folder.at("f")));
+}
+
+TEST_F(CTrashTest, IsNotLedElsewhereByLinks) {
+  const std::string disk = folder.at("disk");
+  std::filesystem::create_directory(disk);
+  CSmallDisk::run(disk, "1m", [&]() -> std::string {
+    const std::string elsewhere = disk + "/elsewhere";
+    const std::string own = disk + "/.Trash-" + std::to_string(geteuid());
+    std::filesystem::create_directory(elsewhere);
+    for (const std::string& name : {own, own + "/files", own + "/info"}) {
+      std::filesystem::remove_all(own);
+      std::filesystem::create_directories(std::filesystem::path(name).parent_path());
+      std::filesystem::create_directory_symlink(elsewhere, name);
+      writeFile(disk + "/a");
+      if (posix::moveToTrash(disk + "/a") == 0 || !exists(disk + "/a")) return "moved by the link " + name;
+      if (!std::filesystem::is_empty(elsewhere)) return "something written behind the link " + name;
+    }
+    return "";
+  });
+}
+
 TEST_F(CTrashTest, TakesNamesOfAnyLength) {
   const std::string name(255, 'n');
   writeFile(folder.at(name));
@@ -82,6 +110,9 @@ TEST_F(CTrashTest, SaysWhatItCannotTake) {
             "Error deleting the file '" + folder.at("a") + "' (No such file or directory).");
   EXPECT_EQ(messageFor([&] { getSystem()->deleteFolder(folder.uriAt("a"), true, true); }),
             "Error deleting the folder '" + folder.at("a") + "' (No such file or directory).");
+  writeFile(folder.at("file"));
+  EXPECT_EQ(messageFor([&] { getSystem()->deleteFolder(folder.uriAt("file"), true, true); }),
+            "Error deleting the folder '" + folder.at("file") + "' (Not a directory).");
   EXPECT_EQ(posix::moveToTrash("/"), EINVAL);
   EXPECT_EQ(posix::moveToTrash(""), EINVAL);
   EXPECT_EQ(posix::moveToTrash(folder.at("..")), EINVAL);
@@ -105,6 +136,20 @@ TEST_F(CTrashTest, OfAnotherFileSystemIsAtItsTop) {
     writeFile(folder.at("disk/c"));
     getSystem()->deleteFile(folder.uriAt("disk/c"), true);
     return exists(folder.at("disk/.Trash/") + std::to_string(geteuid()) + "/files/c") ? "" : "not in the shared one";
+  });
+}
+
+TEST_F(CTrashTest, DoesNotTakeTheFolderThatAFileSystemIsMountedAt) {
+  std::filesystem::create_directory(folder.at("disk"));
+  CSmallDisk::run(folder.at("disk"), "1m", [&]() -> std::string {
+    try {
+      getSystem()->deleteFolder(folder.uriAt("disk"), true, true);
+      return "deleted";
+    } catch (const CError& error) {
+      if (messageOf(error) != "Error deleting the folder '" + folder.at("disk") + "' (Device or resource busy).")
+        return messageOf(error);
+    }
+    return std::filesystem::is_empty(folder.at("disk")) ? "" : "something is left behind";
   });
 }
 

@@ -45,6 +45,14 @@ TEST(UniqueName, PassesOverNamesThatExist) {
   EXPECT_NE(made, second + "/");
 }
 
+TEST(UniqueName, HasNoPrefixThatWouldEndIt) {
+  const CTestFolder folder;
+  const String prefix = fromUTF8(std::string_view("a\0b", 3));
+  EXPECT_THROW(getSystem()->createUniqueFile(folder.uriAt(""), prefix, ""), CError);
+  EXPECT_THROW(getSystem()->createUniqueFolder(folder.uriAt(""), prefix, ""), CError);
+  EXPECT_FALSE(exists(folder.at("a")));
+}
+
 TEST(UniqueName, IsNotFoundInAMissingFolder) {
   const CTestFolder folder;
   EXPECT_THROW(getSystem()->createUniqueFile(folder.uriAt("x/"), "a", "b"), CFileNotFoundError);
