@@ -55,16 +55,18 @@ class ISystem : public virtual IWorkerManager, public virtual IWorker, public vi
 public:
   virtual bool fileExists(const PC<IURI>& file) = 0;
   virtual bool folderExists(const PC<IURI>& folder) = 0;
-  /// The operations on files and folders throw CError, and leave no part of a copy behind.
+  /// The operations on files and folders throw CError, and leave no part of a copy behind: a file that was to be
+  /// replaced is empty then.
   ///
   /// Deletes what is read-only, too. From the recycle bin the user can take it back.
   virtual void deleteFile(const PC<IURI>& file, bool toRecycleBin) = 0;
   /// The destination must not exist. A file moves to other file systems as well, a folder doesn't.
   virtual void moveFile(const PC<IURI>& source, const PC<IURI>& destination) = 0;
   virtual void moveFolder(const PC<IURI>& source, const PC<IURI>& destination) = 0;
-  /// With permissions and the time of the last change.
+  /// With permissions to read, write and run, and the time of the last change.
   virtual void copyFile(const PC<IURI>& source, const PC<IURI>& destination, bool failIfExists) = 0;
-  /// If not recursive, only an empty one. Links are deleted, never what they lead to.
+  /// If not recursive, only an empty one, but the recycle bin takes every folder with all that is in it. Links are
+  /// deleted, never what they lead to.
   virtual void deleteFolder(const PC<IURI>& folder, bool recursive, bool toRecycleBin) = 0;
   /// With parents, those that exist are no error, nor is the folder itself.
   virtual void createFolder(const PC<IURI>& folder, bool withParents) = 0;
@@ -82,6 +84,7 @@ public:
   virtual P<IURI> getTempFolder() = 0;
   /// The folder of the operating system.
   virtual P<IURI> getWindowsFolder() = 0;
+  /// Throws CFileNotFoundError if it has been deleted.
   virtual P<IURI> getCurrentFolder() = 0;
   /// The program that runs.
   virtual P<IURI> getModuleFile() = 0;
@@ -109,7 +112,7 @@ public:
   /// Throws CNoSuchObjectError.
   virtual P<IBase> getSubSystem(const String& type) = 0;
 
-  /// What ends a line in text files here.
+  /// What ends a line in texts that are written for others, the same on all platforms.
   virtual String getLineBreak() = 0;
 };
 

@@ -1,14 +1,21 @@
 #include "foundation/posix/SpecialFolders.h"
 
+#include "foundation/posix/FileBytes.h"
+#include "foundation/posix/FileHandle.h"
+
 #include <cstdlib>
-#include <fstream>
+#include <fcntl.h>
 #include <pwd.h>
+#include <sstream>
+#include <system_error>
 #include <unistd.h>
 #include <vector>
 
 namespace orlo::posix {
 
 namespace {
+
+constexpr std::size_t kMostBytes = 1 << 20;
 
 /// A relative path in a variable means nothing.
 std::string absoluteVariable(const char* name) {
@@ -50,6 +57,14 @@ std::string userFolder(const char* variable, const char* usual) {
   if (set == "$HOME" || set.starts_with("$HOME/")) set.replace(0, 5, homeFolder());
   if (!set.starts_with('/')) set = absoluteVariable(variable);
   return set.empty() ? belowHome(usual) : set;
+}
+
+std::string contentOf(int file) {
+  try {
+    return readAll(file, kMostBytes);
+  } catch (const std::system_error&) {
+    return {};
+  }
 }
 
 std::string unquoted(const std::string& value) {
@@ -104,7 +119,9 @@ std::string tempFolder() {
 }
 
 std::string readShellValue(const std::string& file, const std::string& name) {
-  std::ifstream stream(file);
+  // Nothing that blocks when it is opened, such as a pipe, is such a file.
+  const CFileHandle handle(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  std::istringstream stream(handle ? contentOf(handle.get()) : std::string());
   std::string result;
   for (std::string line; std::getline(stream, line);) {
     const std::size_t start = line.find_first_not_of(" \t");

@@ -10,7 +10,8 @@ namespace orlo::posix {
 std::string specialFolder(ESpecialFolder id);
 std::string tempFolder();
 
-/// The value of a name in a file of lines NAME="value", as user-dirs.dirs and os-release are; empty if there is none.
+/// The value of a name in a file of lines NAME="value", as user-dirs.dirs and os-release are; empty if there is none,
+/// or if the file is larger than 1 MB.
 std::string readShellValue(const std::string& file, const std::string& name);
 
 }  // namespace orlo::posix

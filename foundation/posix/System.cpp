@@ -24,7 +24,9 @@ P<IURI> CSystem::getWindowsFolder() {
 }
 
 P<IURI> CSystem::getCurrentFolder() {
-  return uriOfFolder(currentFolder());
+  const std::string folder = currentFolder();
+  if (folder.empty()) throw CFileNotFoundError();
+  return uriOfFolder(folder);
 }
 
 P<IURI> CSystem::getSpecialFolder(ESpecialFolder id) {
@@ -67,7 +69,10 @@ std::int32_t CSystem::getDllVersion(const String& name) {
 }
 
 void CSystem::addSubSystem(const String& type, P<IBase> object) {
+  // Ends when the lock is free again.
+  P<IArray> replaced;
   CMutexLock lock(mutex_);
+  replaced = subSystems_.getPartition(type);
   subSystems_.removePartition(type);
   subSystems_.add(type, std::move(object));
 }

@@ -55,7 +55,7 @@ public:
 private:
   P<IMutex> mutex_ = getMutexFactory()->createMutex();
   CPartitionedBucket subSystems_;
-  const String lineBreak_ = "\n";
+  const String lineBreak_ = "\r\n";
   P<IURI> moduleFile_;
 };
 

@@ -41,6 +41,23 @@ TEST(System, KeepsSubSystems) {
   EXPECT_THROW(getSystem()->getSubSystem("test.other"), CNoSuchObjectError);
 }
 
+/// A sub system that looks for the one in its place when it ends.
+class CEndingSubSystem : public CObject {
+public:
+  explicit CEndingSubSystem(bool& found) : found_(found) {}
+  ~CEndingSubSystem() override { found_ = static_cast<bool>(getSystem()->getSubSystem("test.ending")); }
+
+private:
+  bool& found_;
+};
+
+TEST(System, HasTheNewSubSystemWhenTheOldOneEnds) {
+  bool found = false;
+  getSystem()->addSubSystem("test.ending", makeObject<CEndingSubSystem>(found));
+  getSystem()->addSubSystem("test.ending", createURI("new"));
+  EXPECT_TRUE(found);
+}
+
 TEST(System, KnowsTheFoldersOfTheProcess) {
   EXPECT_EQ(pathOf(getSystem()->getCurrentFolder()), std::filesystem::current_path().string() + "/");
   EXPECT_TRUE(getSystem()->folderExists(getSystem()->getTempFolder()));
@@ -48,6 +65,16 @@ TEST(System, KnowsTheFoldersOfTheProcess) {
   EXPECT_EQ(pathOf(getSystem()->getModuleFile()), std::filesystem::read_symlink("/proc/self/exe").string());
   const CVariable temp("TMPDIR", "/var/tmp//");
   EXPECT_EQ(pathOf(getSystem()->getTempFolder()), "/var/tmp/");
+}
+
+TEST(System, HasNoCurrentFolderOnceThatIsDeleted) {
+  const CTestFolder folder;
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::create_directory(folder.at("gone"));
+  std::filesystem::current_path(folder.at("gone"));
+  std::filesystem::remove(folder.at("gone"));
+  EXPECT_THROW(getSystem()->getCurrentFolder(), CFileNotFoundError);
+  std::filesystem::current_path(before);
 }
 
 TEST(System, KnowsTheMachine) {
@@ -58,7 +85,7 @@ TEST(System, KnowsTheMachine) {
   EXPECT_TRUE(getSystem()->getOSVersion().startsWith(getSystem()->getOSName()));
   EXPECT_GT(getSystem()->getOSVersion().length(), getSystem()->getOSName().length());
   EXPECT_GE(getSystem()->getScreenMetrics().width, 0);
-  EXPECT_EQ(textOf(getSystem()->getLineBreak()), "\n");
+  EXPECT_EQ(textOf(getSystem()->getLineBreak()), "\r\n");
 }
 
 TEST(System, HasADriveAtTheRoot) {
@@ -111,6 +138,16 @@ TEST(SpecialFolders, ReadValuesAsTheShellDoes) {
   EXPECT_EQ(posix::readShellValue(folder.at("f"), "C"), "a\\b");
   EXPECT_EQ(posix::readShellValue(folder.at("f"), "D"), "");
   EXPECT_EQ(posix::readShellValue(folder.at("missing"), "A"), "");
+}
+
+TEST(SpecialFolders, ReadNothingThatIsNoFileOrTooLarge) {
+  const CTestFolder folder;
+  mkfifo(folder.at("pipe").c_str(), 0600);
+  EXPECT_EQ(posix::readShellValue(folder.at("pipe"), "A"), "");
+  EXPECT_EQ(posix::readShellValue(folder.path, "A"), "");
+  EXPECT_EQ(posix::readShellValue("/dev/zero", "A"), "");
+  writeFile(folder.at("large"), "A=1\n" + std::string(1 << 20, '#'));
+  EXPECT_EQ(posix::readShellValue(folder.at("large"), "A"), "");
 }
 
 TEST(LibraryVersion, StandsInTheNameOfTheFile) {
