@@ -1,0 +1,80 @@
+#pragma once
+
+#include "backend/ffmpeg/Visual.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace vantra::ffmpeg {
+
+/// Visuals over one another, each in its place and its time.
+class CComposition : public IVisual {
+public:
+  struct CPart {
+    std::unique_ptr<IVisual> visual;
+    /// In pixels of the composition. Without a width or a height it is that of the visual; without any of the four the
+    /// visual is fitted into the whole.
+    CBox place;
+    double start = 0;
+    /// 0 or less for as long as the visual lasts.
+    double duration = 0;
+  };
+
+  /// 0 or less for as long as the parts last.
+  explicit CComposition(double duration = 0) : duration_(duration) {}
+
+  void Add(CPart part) { parts_.push_back(std::move(part)); }
+  bool IsEmpty() const { return parts_.empty(); }
+  /// Else it is that of the lowest part that fills the whole, or what holds all places.
+  void SetSize(const CSize& size) { size_ = size; }
+
+  CSize GetSize() const override;
+  double GetDuration() const override;
+  void Place(const CBox& place, const CPixelBox& visible) override;
+  void See(double seconds, std::vector<CSeen>& seen) override;
+
+private:
+  double duration_;
+  CSize size_;
+  std::vector<CPart> parts_;
+};
+
+/// Shows a visual again and again.
+class CRepeated : public IVisual {
+public:
+  explicit CRepeated(std::unique_ptr<IVisual> visual) : visual_(std::move(visual)) {}
+
+  CSize GetSize() const override { return visual_->GetSize(); }
+  double GetDuration() const override;
+  void Place(const CBox& place, const CPixelBox& visible) override { visual_->Place(place, visible); }
+  void See(double seconds, std::vector<CSeen>& seen) override;
+
+private:
+  std::unique_ptr<IVisual> visual_;
+};
+
+/// Fills its place with a colour: the bytes B, G, R, A, premultiplied.
+class CColourField : public IVisual, public ILeaf {
+public:
+  explicit CColourField(const std::array<std::uint8_t, 4>& pixel) : pixel_(pixel) {}
+
+  CSize GetSize() const override { return {}; }
+  double GetDuration() const override;
+  void Place(const CBox& place, const CPixelBox& visible) override;
+  void See(double seconds, std::vector<CSeen>& seen) override;
+
+  void Request(double, double) override {}
+  void Expect(double, double) override {}
+  CLayer Show(double, double) override { return layer_; }
+  void Tidy() override {}
+  void Wake() override {}
+
+private:
+  std::array<std::uint8_t, 4> pixel_;
+  CLayer layer_;
+};
+
+}  // namespace vantra::ffmpeg

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "backend/ffmpeg/Given.h"
+#include "backend/handler/Backend.h"
+
+#include <cstddef>
+#include <string>
+
+namespace vantra::ffmpeg {
+
+/// The text of an infile. Pictures are progressive whatever is said of interlace.
+class CContext : public TGiven<IContext> {
+public:
+  void SetInfile(const char* text, std::size_t bytes) override;
+  void SetInterlace(bool) override {}
+  orlo::String getDescription() const override { return "Context"; }
+
+  const std::string& GetInfile() const { return infile_; }
+
+private:
+  std::string infile_;
+};
+
+class CMessage : public TGiven<IMessage> {
+public:
+  orlo::String getDescription() const override { return "Message"; }
+};
+
+}  // namespace vantra::ffmpeg

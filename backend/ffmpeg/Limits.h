@@ -1,0 +1,30 @@
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+
+namespace vantra::ffmpeg {
+
+/// Of a movie's pictures, and of those that are shown.
+constexpr int kMostPixelsWideOrHigh = 16384;
+constexpr std::int64_t kMostPixels = std::int64_t{64} << 20;
+/// Of all movies that play at one time, counting the pictures of the movie and those that it is shown as.
+constexpr std::int64_t kMostPixelsAtOnce = std::int64_t{512} << 20;
+constexpr int kMostMoviesAtOnce = 64;
+/// Streams of a movie file.
+constexpr const char* kMostStreams = "64";
+/// How much of a movie file is looked at to find out what it is, in bytes.
+constexpr std::int64_t kProbedBytes = 5'000'000;
+/// How long opening a movie may take, or getting its next picture.
+constexpr std::chrono::seconds kLongest{10};
+/// Video items of an infile, with those of the infiles in it; different movies.
+constexpr std::size_t kMostClips = 10'000;
+constexpr std::size_t kMostMovies = 256;
+/// Infiles within one another.
+constexpr int kDeepestInfile = 8;
+/// A theme description.
+constexpr std::size_t kMostThemeBytes = std::size_t{1} << 20;
+constexpr std::size_t kMostPlaces = 1'000;
+
+}  // namespace vantra::ffmpeg

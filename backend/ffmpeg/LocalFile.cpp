@@ -1,0 +1,89 @@
+#include "backend/ffmpeg/LocalFile.h"
+
+#include "backend/ffmpeg/Failure.h"
+#include "foundation/Pathes.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace vantra::ffmpeg {
+
+namespace {
+
+constexpr int kBufferBytes = 1 << 16;
+
+int OpenRegular(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (file < 0) throw CFailure(Fault::notFound, "Can't open " + path, AVERROR(errno));
+  struct stat facts {};
+  if (fstat(file, &facts) == 0 && S_ISREG(facts.st_mode)) return file;
+  close(file);
+  throw CFailure(Fault::notLocal, "Not a file: " + path);
+}
+
+}  // namespace
+
+void CWatch::Check() const {
+  if (IsClosed()) throw CFailure(Fault::closed, "The movie has been closed");
+  if (IsLate()) throw CFailure(Fault::deadline, "The movie took longer than 10 seconds");
+}
+
+std::string LocalPath(const orlo::PC<orlo::IURI>& uri, const orlo::PC<orlo::IURI>& base) {
+  if (!uri || uri->getDescription().isEmpty()) throw CFailure(Fault::infile, "A movie has no location");
+  orlo::PC<orlo::IURI> location = uri;
+  if (base && !uri->isAbsolute()) location = uri->resolve(base);
+  const bool local =
+      (!location->hasScheme() || location->getScheme().equalsIgnoreCase("file")) &&
+      (!location->hasHost() || location->getHost().isEmpty() || location->getHost().equalsIgnoreCase("localhost"));
+  const std::string path = local ? orlo::toStdString(orlo::getPathes()->uriToPath(location)) : std::string();
+  if (path.empty() || path.find('\0') != std::string::npos)
+    throw CFailure(Fault::notLocal, "Not a local file: " + orlo::toStdString(uri->getDescription()));
+  return path;
+}
+
+CLocalFile::CLocalFile(const std::string& path, const CWatch& watch) : watch_(watch), file_(OpenRegular(path)) {
+  auto* const buffer = static_cast<unsigned char*>(av_malloc(kBufferBytes));
+  io_.reset(buffer ? avio_alloc_context(buffer, kBufferBytes, 0, this, Read, nullptr, Seek) : nullptr);
+  if (io_) return;
+  av_free(buffer);
+  close(file_);
+  throw std::bad_alloc();
+}
+
+CLocalFile::~CLocalFile() {
+  close(file_);
+}
+
+int CLocalFile::Read(void* self, std::uint8_t* buffer, int bytes) {
+  const auto& file = *static_cast<CLocalFile*>(self);
+  if (file.watch_.IsOver()) return AVERROR_EXIT;
+  const ssize_t got = read(file.file_, buffer, static_cast<std::size_t>(bytes));
+  if (got < 0) return AVERROR(errno);
+  return got == 0 ? AVERROR_EOF : static_cast<int>(got);
+}
+
+std::int64_t CLocalFile::Seek(void* self, std::int64_t offset, int whence) {
+  const auto& file = *static_cast<CLocalFile*>(self);
+  if (whence == AVSEEK_SIZE) {
+    struct stat facts {};
+    return fstat(file.file_, &facts) == 0 ? facts.st_size : AVERROR(errno);
+  }
+  const off_t at = lseek(file.file_, offset, whence & ~AVSEEK_FORCE);
+  return at < 0 ? AVERROR(errno) : at;
+}
+
+std::string ReadWhole(const std::string& path, std::size_t mostBytes) {
+  const auto closeFile = [](std::FILE* file) { std::fclose(file); };
+  const std::unique_ptr<std::FILE, decltype(closeFile)> file(fdopen(OpenRegular(path), "rb"), closeFile);
+  std::string text(mostBytes + 1, '\0');
+  text.resize(file ? std::fread(text.data(), 1, text.size(), file.get()) : 0);
+  if (text.size() > mostBytes)
+    throw CFailure(Fault::limit, "Larger than " + std::to_string(mostBytes) + " bytes: " + path);
+  return text;
+}
+
+}  // namespace vantra::ffmpeg

@@ -1,0 +1,133 @@
+#include "backend/ffmpeg/Scaler.h"
+
+#include "backend/ffmpeg/Failure.h"
+#include "backend/ffmpeg/Turning.h"
+
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
+namespace vantra::ffmpeg {
+
+namespace {
+
+/// Formats that are named for their full range go by their plain names.
+AVPixelFormat PlainFormat(const AVFrame& frame, bool& isFullRange) {
+  const auto format = static_cast<AVPixelFormat>(frame.format);
+  isFullRange = true;
+  switch (format) {
+    case AV_PIX_FMT_YUVJ411P:
+      return AV_PIX_FMT_YUV411P;
+    case AV_PIX_FMT_YUVJ420P:
+      return AV_PIX_FMT_YUV420P;
+    case AV_PIX_FMT_YUVJ422P:
+      return AV_PIX_FMT_YUV422P;
+    case AV_PIX_FMT_YUVJ440P:
+      return AV_PIX_FMT_YUV440P;
+    case AV_PIX_FMT_YUVJ444P:
+      return AV_PIX_FMT_YUV444P;
+    default:
+      isFullRange = frame.color_range == AVCOL_RANGE_JPEG;
+      return format;
+  }
+}
+
+/// What a file doesn't say is guessed by the size, as players do.
+int MatrixOf(const AVFrame& frame) {
+  constexpr int kWidest = 1280;
+  constexpr int kHighest = 576;
+  switch (frame.colorspace) {
+    case AVCOL_SPC_BT709:
+      return SWS_CS_ITU709;
+    case AVCOL_SPC_FCC:
+      return SWS_CS_FCC;
+    case AVCOL_SPC_BT470BG:
+    case AVCOL_SPC_SMPTE170M:
+      return SWS_CS_ITU601;
+    case AVCOL_SPC_SMPTE240M:
+      return SWS_CS_SMPTE240M;
+    case AVCOL_SPC_BT2020_NCL:
+    case AVCOL_SPC_BT2020_CL:
+      return SWS_CS_BT2020;
+    default:
+      return frame.width >= kWidest || frame.height > kHighest ? SWS_CS_ITU709 : SWS_CS_ITU601;
+  }
+}
+
+bool HasAlpha(const AVPixFmtDescriptor& format) {
+  return (format.flags & (AV_PIX_FMT_FLAG_ALPHA | AV_PIX_FMT_FLAG_PAL)) != 0;
+}
+
+/// Whether the cropping cuts no sample that several pixels share.
+bool IsCroppedWell(const AVFrame& frame, const AVPixFmtDescriptor& format) {
+  if (format.flags & (AV_PIX_FMT_FLAG_BITSTREAM | AV_PIX_FMT_FLAG_BAYER)) return false;
+  const std::size_t across = (std::size_t{1} << format.log2_chroma_w) - 1;
+  const std::size_t down = (std::size_t{1} << format.log2_chroma_h) - 1;
+  return (frame.crop_left & across) == 0 && (frame.crop_top & down) == 0;
+}
+
+bool IsCropped(const AVFrame& frame) {
+  return (frame.crop_left | frame.crop_right | frame.crop_top | frame.crop_bottom) != 0;
+}
+
+}  // namespace
+
+void CScaler::CStep::Prepare(const CKey& key) {
+  if (scaler_ && key == key_) return;
+  const bool shrinks = key.targetWidth <= key.width && key.targetHeight <= key.height;
+  const int flags = (shrinks ? SWS_BILINEAR : SWS_BICUBIC) | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
+  scaler_.reset(sws_getContext(key.width, key.height, key.format, key.targetWidth, key.targetHeight, AV_PIX_FMT_BGRA,
+                               flags, nullptr, nullptr, nullptr));
+  if (!scaler_) throw CFailure(Fault::notPlayable, "The pixels of a movie can't be converted");
+  constexpr int kOne = 1 << 16;
+  const int* const matrix = sws_getCoefficients(key.matrix);
+  sws_setColorspaceDetails(scaler_.get(), matrix, key.isFullRange ? 1 : 0, matrix, 1, 0, kOne, kOne);
+  key_ = key;
+}
+
+void CScaler::CStep::Run(const AVFrame& frame, CPicture& target, bool upsideDown) {
+  CKey key{frame.width, frame.height, target.GetWidth(), target.GetHeight()};
+  key.format = PlainFormat(frame, key.isFullRange);
+  key.matrix = MatrixOf(frame);
+  Prepare(key);
+  std::uint8_t* const rows[4] = {target.GetRow(upsideDown ? target.GetHeight() - 1 : 0)};
+  const int strides[4] = {upsideDown ? -target.GetStride() : target.GetStride()};
+  const int done = sws_scale(scaler_.get(), frame.data, frame.linesize, 0, frame.height, rows, strides);
+  if (done < 0) throw CFailure(Fault::notPlayable, "The pixels of a movie can't be converted", done);
+}
+
+void CScaler::Scale(const AVFrame& frame, CPicture& target, bool upsideDown) {
+  const AVPixFmtDescriptor* const format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
+  if (!format) throw CFailure(Fault::notPlayable, "The pixels of a movie can't be converted");
+  const bool hasAlpha = HasAlpha(*format);
+  const bool isWhole = frame.width == target.GetWidth() && frame.height == target.GetHeight();
+  target.isOpaque = true;
+  if (!IsCropped(frame) && (isWhole || !hasAlpha)) {
+    scaler_.Run(frame, target, upsideDown);
+    if (hasAlpha) Premultiply(target);
+    return;
+  }
+  av_frame_unref(part_.get());
+  if (!hasAlpha && IsCroppedWell(frame, *format)) {
+    if (av_frame_ref(part_.get(), &frame) < 0) throw std::bad_alloc();
+    if (av_frame_apply_cropping(part_.get(), AV_FRAME_CROP_UNALIGNED) >= 0)
+      return scaler_.Run(*part_, target, upsideDown);
+    av_frame_unref(part_.get());
+  }
+  // Colours behind a transparent pixel must not bleed into its neighbours, and half a sample can't be cut.
+  if (!whole_ || whole_->GetWidth() != frame.width || whole_->GetHeight() != frame.height)
+    whole_.emplace(frame.width, frame.height);
+  whole_->isOpaque = true;
+  converter_.Run(frame, *whole_, false);
+  if (hasAlpha) Premultiply(*whole_);
+  part_->format = AV_PIX_FMT_BGRA;
+  part_->width = frame.width - static_cast<int>(frame.crop_left + frame.crop_right);
+  part_->height = frame.height - static_cast<int>(frame.crop_top + frame.crop_bottom);
+  part_->data[0] = whole_->GetRow(static_cast<int>(frame.crop_top)) + frame.crop_left * 4;
+  part_->linesize[0] = whole_->GetStride();
+  scaler_.Run(*part_, target, upsideDown);
+  target.isOpaque = whole_->isOpaque;
+  if (!target.isOpaque) ClampToAlpha(target);
+}
+
+}  // namespace vantra::ffmpeg
