@@ -23,6 +23,7 @@ CDecodeAhead::CDecodeAhead(CMovieStore& store, const std::atomic<bool>& closed, 
     : store_(store), closed_(closed), path_(path), maker_(look, width, height) {
   const CMovieFacts& facts = store.GetFacts(path);
   pixels_ = std::int64_t{width} * height * kPicturesInUse + std::int64_t{facts.width} * facts.height;
+  isShrunk_ = std::int64_t{width} * height * 4 <= std::int64_t{facts.width} * facts.height;
   store_.Enter(pixels_);
   try {
     thread_ = std::thread([this] {
@@ -140,7 +141,10 @@ void CDecodeAhead::Work(std::unique_lock<std::mutex>& lock) {
 }
 
 CSharedPicture CDecodeAhead::Produce(double seconds) {
-  if (!movie_) movie_ = store_.Take(path_, &stopped_);
+  if (!movie_) {
+    movie_ = store_.Take(path_, &stopped_);
+    movie_->SetIsShrunk(isShrunk_);
+  }
   movie_->Begin(&stopped_);
   const AVFrame& frame = movie_->FrameAt(seconds);
   if (last_ && lastNumber_ == movie_->GetFrameNumber()) return last_;

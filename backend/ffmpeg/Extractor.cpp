@@ -1,6 +1,5 @@
 #include "backend/ffmpeg/Extractor.h"
 
-#include "backend/ffmpeg/Compose.h"
 #include "backend/ffmpeg/Failure.h"
 #include "backend/ffmpeg/LastError.h"
 
@@ -38,7 +37,7 @@ CExtractor::CExtractor(const CExtractorParams& params, const std::string& infile
   if (!visual_) throw CFailure(Fault::infile, "An infile shows nothing");
   ChooseSize(params, visual_->GetSize());
   visual_->Place({0, 0, static_cast<double>(width_), static_cast<double>(height_)}, {0, 0, width_, height_});
-  pool_ = std::make_unique<CPicturePool>(width_, height_);
+  composer_ = std::make_unique<CComposer>(width_, height_);
 }
 
 CExtractor::~CExtractor() {
@@ -99,13 +98,7 @@ bool CExtractor::ShowFrame(double seconds) {
   if (layers_.empty() && picture_ && std::abs(seconds - shownTime_) < kRoundingGap) return false;
   if (!layers_.empty()) shownTime_ = seconds;
   if (picture_ && layers_ == shown_) return false;
-  if (layers_.size() == 1 && IsWholePicture(layers_.front(), width_, height_)) {
-    picture_ = layers_.front().picture;
-  } else {
-    const std::shared_ptr<CPicture> picture = pool_->Get();
-    Compose(layers_, *picture);
-    picture_ = picture;
-  }
+  picture_ = composer_->Compose(layers_);
   shown_ = layers_;
   return true;
 }

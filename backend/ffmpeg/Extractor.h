@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backend/ffmpeg/Compose.h"
 #include "backend/ffmpeg/Given.h"
 #include "backend/ffmpeg/VisualBuilder.h"
 #include "backend/handler/Backend.h"
@@ -47,7 +48,7 @@ private:
   std::string skipped_;
   int width_ = 0;
   int height_ = 0;
-  std::unique_ptr<CPicturePool> pool_;
+  std::unique_ptr<CComposer> composer_;
   orlo::P<IMessage> message_;
 
   bool isStarted_ = false;

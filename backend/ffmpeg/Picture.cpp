@@ -4,6 +4,7 @@ extern "C" {
 #include <libavutil/mem.h>
 }
 
+#include <atomic>
 #include <cstring>
 #include <new>
 
@@ -21,6 +22,12 @@ CPicture::CPicture(int width, int height)
   const std::size_t bytes = static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height) + kAlignment;
   pixels_.reset(static_cast<std::uint8_t*>(av_mallocz(bytes)));
   if (!pixels_) throw std::bad_alloc();
+  Renew();
+}
+
+void CPicture::Renew() {
+  static std::atomic<std::uint64_t> last{0};
+  number_ = ++last;
 }
 
 void CPicture::CFree::operator()(std::uint8_t* pixels) const {
@@ -36,7 +43,10 @@ std::shared_ptr<CPicture> CPicturePool::Get() {
       store_->free.pop_back();
     }
   }
-  if (!picture) picture = std::make_unique<CPicture>(width_, height_);
+  if (picture)
+    picture->Renew();
+  else
+    picture = std::make_unique<CPicture>(width_, height_);
   return {picture.release(), [store = std::weak_ptr<CStore>(store_)](CPicture* returned) {
             std::unique_ptr<CPicture> owned(returned);
             if (const auto open = store.lock()) {

@@ -20,6 +20,10 @@ public:
   std::uint8_t* GetRow(int y) { return pixels_.get() + static_cast<std::ptrdiff_t>(y) * stride_; }
   const std::uint8_t* GetRow(int y) const { return pixels_.get() + static_cast<std::ptrdiff_t>(y) * stride_; }
 
+  /// Another one for each content.
+  std::uint64_t GetNumber() const { return number_; }
+  void Renew();
+
   bool isOpaque = true;
 
 private:
@@ -30,6 +34,7 @@ private:
   int width_;
   int height_;
   int stride_;
+  std::uint64_t number_ = 0;
   std::unique_ptr<std::uint8_t, CFree> pixels_;
 };
 

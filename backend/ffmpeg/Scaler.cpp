@@ -12,10 +12,8 @@ namespace vantra::ffmpeg {
 namespace {
 
 /// Formats that are named for their full range go by their plain names.
-AVPixelFormat PlainFormat(const AVFrame& frame, bool& isFullRange) {
-  const auto format = static_cast<AVPixelFormat>(frame.format);
-  isFullRange = true;
-  switch (format) {
+AVPixelFormat PlainFormat(const AVFrame& frame) {
+  switch (frame.format) {
     case AV_PIX_FMT_YUVJ411P:
       return AV_PIX_FMT_YUV411P;
     case AV_PIX_FMT_YUVJ420P:
@@ -27,8 +25,7 @@ AVPixelFormat PlainFormat(const AVFrame& frame, bool& isFullRange) {
     case AV_PIX_FMT_YUVJ444P:
       return AV_PIX_FMT_YUV444P;
     default:
-      isFullRange = frame.color_range == AVCOL_RANGE_JPEG;
-      return format;
+      return static_cast<AVPixelFormat>(frame.format);
   }
 }
 
@@ -72,6 +69,10 @@ bool IsCropped(const AVFrame& frame) {
 
 }  // namespace
 
+CScaler::CColours::CColours(const AVFrame& frame)
+    : matrix(MatrixOf(frame)),
+      isFullRange(frame.color_range == AVCOL_RANGE_JPEG || PlainFormat(frame) != frame.format) {}
+
 void CScaler::CStep::Prepare(const CKey& key) {
   if (scaler_ && key == key_) return;
   const bool shrinks = key.targetWidth <= key.width && key.targetHeight <= key.height;
@@ -80,16 +81,13 @@ void CScaler::CStep::Prepare(const CKey& key) {
                                flags, nullptr, nullptr, nullptr));
   if (!scaler_) throw CFailure(Fault::notPlayable, "The pixels of a movie can't be converted");
   constexpr int kOne = 1 << 16;
-  const int* const matrix = sws_getCoefficients(key.matrix);
-  sws_setColorspaceDetails(scaler_.get(), matrix, key.isFullRange ? 1 : 0, matrix, 1, 0, kOne, kOne);
+  const int* const matrix = sws_getCoefficients(key.colours.matrix);
+  sws_setColorspaceDetails(scaler_.get(), matrix, key.colours.isFullRange ? 1 : 0, matrix, 1, 0, kOne, kOne);
   key_ = key;
 }
 
-void CScaler::CStep::Run(const AVFrame& frame, CPicture& target, bool upsideDown) {
-  CKey key{frame.width, frame.height, target.GetWidth(), target.GetHeight()};
-  key.format = PlainFormat(frame, key.isFullRange);
-  key.matrix = MatrixOf(frame);
-  Prepare(key);
+void CScaler::CStep::Run(const AVFrame& frame, const CColours& colours, CPicture& target, bool upsideDown) {
+  Prepare({frame.width, frame.height, target.GetWidth(), target.GetHeight(), PlainFormat(frame), colours});
   std::uint8_t* const rows[4] = {target.GetRow(upsideDown ? target.GetHeight() - 1 : 0)};
   const int strides[4] = {upsideDown ? -target.GetStride() : target.GetStride()};
   const int done = sws_scale(scaler_.get(), frame.data, frame.linesize, 0, frame.height, rows, strides);
@@ -100,10 +98,11 @@ void CScaler::Scale(const AVFrame& frame, CPicture& target, bool upsideDown) {
   const AVPixFmtDescriptor* const format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(frame.format));
   if (!format) throw CFailure(Fault::notPlayable, "The pixels of a movie can't be converted");
   const bool hasAlpha = HasAlpha(*format);
+  const CColours colours(frame);
   const bool isWhole = frame.width == target.GetWidth() && frame.height == target.GetHeight();
   target.isOpaque = true;
   if (!IsCropped(frame) && (isWhole || !hasAlpha)) {
-    scaler_.Run(frame, target, upsideDown);
+    scaler_.Run(shrinker_.Shrink(frame, target.GetWidth(), target.GetHeight()), colours, target, upsideDown);
     if (hasAlpha) Premultiply(target);
     return;
   }
@@ -111,21 +110,21 @@ void CScaler::Scale(const AVFrame& frame, CPicture& target, bool upsideDown) {
   if (!hasAlpha && IsCroppedWell(frame, *format)) {
     if (av_frame_ref(part_.get(), &frame) < 0) throw std::bad_alloc();
     if (av_frame_apply_cropping(part_.get(), AV_FRAME_CROP_UNALIGNED) >= 0)
-      return scaler_.Run(*part_, target, upsideDown);
+      return scaler_.Run(shrinker_.Shrink(*part_, target.GetWidth(), target.GetHeight()), colours, target, upsideDown);
     av_frame_unref(part_.get());
   }
   // Colours behind a transparent pixel must not bleed into its neighbours, and half a sample can't be cut.
   if (!whole_ || whole_->GetWidth() != frame.width || whole_->GetHeight() != frame.height)
     whole_.emplace(frame.width, frame.height);
   whole_->isOpaque = true;
-  converter_.Run(frame, *whole_, false);
+  converter_.Run(frame, colours, *whole_, false);
   if (hasAlpha) Premultiply(*whole_);
   part_->format = AV_PIX_FMT_BGRA;
   part_->width = frame.width - static_cast<int>(frame.crop_left + frame.crop_right);
   part_->height = frame.height - static_cast<int>(frame.crop_top + frame.crop_bottom);
   part_->data[0] = whole_->GetRow(static_cast<int>(frame.crop_top)) + frame.crop_left * 4;
   part_->linesize[0] = whole_->GetStride();
-  scaler_.Run(*part_, target, upsideDown);
+  scaler_.Run(*part_, colours, target, upsideDown);
   target.isOpaque = whole_->isOpaque;
   if (!target.isOpaque) ClampToAlpha(target);
 }

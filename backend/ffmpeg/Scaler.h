@@ -2,6 +2,7 @@
 
 #include "backend/ffmpeg/Handles.h"
 #include "backend/ffmpeg/Picture.h"
+#include "backend/ffmpeg/Shrinker.h"
 
 #include <optional>
 
@@ -15,28 +16,37 @@ public:
   void Scale(const AVFrame& frame, CPicture& target, bool upsideDown);
 
 private:
+  /// What the numbers of a pixel mean.
+  struct CColours {
+    explicit CColours(const AVFrame& frame);
+    bool operator==(const CColours&) const = default;
+
+    int matrix;
+    bool isFullRange;
+  };
+
   /// From one format and size to another.
   class CStep {
   public:
-    void Run(const AVFrame& frame, CPicture& target, bool upsideDown);
+    void Run(const AVFrame& frame, const CColours& colours, CPicture& target, bool upsideDown);
 
   private:
     struct CKey {
-      int width = 0;
-      int height = 0;
-      int targetWidth = 0;
-      int targetHeight = 0;
-      AVPixelFormat format = AV_PIX_FMT_NONE;
-      int matrix = 0;
-      bool isFullRange = false;
+      int width;
+      int height;
+      int targetWidth;
+      int targetHeight;
+      AVPixelFormat format;
+      CColours colours;
       bool operator==(const CKey&) const = default;
     };
     void Prepare(const CKey& key);
 
-    CKey key_;
+    std::optional<CKey> key_;
     CHandle<SwsContext> scaler_;
   };
 
+  CShrinker shrinker_;
   CStep converter_;
   CStep scaler_;
   std::optional<CPicture> whole_;
