@@ -10,7 +10,7 @@ namespace vantra::ffmpeg {
 constexpr int kMostPixelsWideOrHigh = 16384;
 constexpr std::int64_t kMostPixels = std::int64_t{64} << 20;
 /// Of all movies that play at one time, counting the pictures of the movie and those that it is shown as.
-constexpr std::int64_t kMostPixelsAtOnce = std::int64_t{512} << 20;
+constexpr std::int64_t kMostPixelsAtOnce = std::int64_t{256} << 20;
 constexpr int kMostMoviesAtOnce = 64;
 /// Streams of a movie file.
 constexpr const char* kMostStreams = "64";
@@ -18,6 +18,8 @@ constexpr const char* kMostStreams = "64";
 constexpr std::int64_t kProbedBytes = 5'000'000;
 /// How long opening a movie may take, or getting its next picture.
 constexpr std::chrono::seconds kLongest{10};
+/// How long opening all movies of an infile may take.
+constexpr std::chrono::seconds kLongestOpening{60};
 /// Video items of an infile, with those of the infiles in it; different movies.
 constexpr std::size_t kMostClips = 10'000;
 constexpr std::size_t kMostMovies = 256;

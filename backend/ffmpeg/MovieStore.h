@@ -3,6 +3,7 @@
 #include "backend/ffmpeg/MovieFile.h"
 
 #include <atomic>
+#include <chrono>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -17,7 +18,7 @@ class CMovieStore {
 public:
   explicit CMovieStore(const std::atomic<bool>& closed) : closed_(closed) {}
 
-  /// Opens the movie if it isn't known yet. Throws CFailure.
+  /// Opens the movie if it isn't known yet. Throws CFailure, also when all that has been opened took too long.
   const CMovieFacts& GetFacts(const std::string& path);
   /// An open movie, to be given back when it is not used any more. Throws CFailure.
   std::unique_ptr<CMovieFile> Take(const std::string& path, const std::atomic<bool>* stopped);
@@ -32,6 +33,7 @@ private:
   std::mutex mutex_;
   std::map<std::string, CMovieFacts> facts_;
   std::vector<std::unique_ptr<CMovieFile>> idle_;
+  const std::chrono::steady_clock::time_point deadline_ = std::chrono::steady_clock::now() + kLongestOpening;
   int playing_ = 0;
   std::int64_t pixels_ = 0;
 };

@@ -46,9 +46,10 @@ public:
   virtual void ReservedForPlayer3() {}
   /// To a time in seconds. The mode 1 seeks to the very frame that is shown at that time.
   virtual void Seek(double seconds, std::int32_t mode) = 0;
-  /// Moves on by one frame of the host's rate. True if there is a new frame.
+  /// Shows the frame of the position and moves on by one frame of the host's rate. True if there is another picture
+  /// than before; false where the same one stays, and at the end.
   virtual bool Advance() = 0;
-  /// Of the last frame, in seconds.
+  /// The position of the last frame in seconds, also where its picture is the one before.
   virtual double GetTime() = 0;
   virtual void ReservedForPlayer7() {}
   virtual void ReservedForPlayer8() {}
@@ -91,7 +92,8 @@ struct CExtractorParams {
   const char* themeDir = nullptr;
   std::int32_t one = 1;
   std::int32_t another = 1;
-  /// The box that the picture has to fill, in pixels; 0 for the size of the movie.
+  /// The box that the picture is fitted into with its proportions, in pixels. 0 for no bound; two of them for the size
+  /// of the movie.
   std::int32_t width = 0;
   std::int32_t height = 0;
   /// No wider than this; 0 for no limit.

@@ -83,6 +83,21 @@ TEST(Picture, IsClippedToThePixelInSubsampledColours) {
   }
 }
 
+TEST(Picture, IsNotShiftedByShrinking) {
+  const std::string movie = Movie("quarters.mp4", Quarters() + " -frames:v 3 -c:v libx264 -qp 4 -pix_fmt yuv420p");
+  SKIP_WITHOUT(movie);
+  for (const int width : {80, 54, 40, 32, 26, 20, 16}) {
+    const auto extractor = Play(InfileOf(movie), Params(width));
+    const int height = extractor->GetHeight();
+    const CColour kNear[] = {kRed, kGreen, kBlue, kWhite};
+    for (int corner = 0; corner < 4; ++corner) {
+      const int x = corner % 2 == 0 ? width / 2 - 3 : width / 2 + 2;
+      const int y = corner < 2 ? height / 2 - 3 : height / 2 + 2;
+      EXPECT_PRED3(IsNear, PixelAt(*extractor, x, y), kNear[corner], 12) << width;
+    }
+  }
+}
+
 TEST(Picture, OutsideOfWhichTheClippingRectangleLiesIsRefused) {
   EXPECT_FALSE(Open(InfileOf(QuartersPicture(), "", "<clippingrect x=\"500\" y=\"0\" width=\"10\" height=\"10\"/>")));
   EXPECT_NE(LastText().find("clipping rectangle"), std::string::npos);
