@@ -199,6 +199,7 @@ CMovieFile::CWalk CMovieFile::WalkToEnd() {
   constexpr std::chrono::seconds kPatience{3};
   const auto begin = CWatch::CClock::now();
   CWalk walk;
+  av_packet_unref(packet_.get());
   while (av_read_frame(format_.get(), packet_.get()) >= 0) {
     if (packet_->stream_index == stream_ && !(packet_->flags & AV_PKT_FLAG_DISCARD)) {
       ++walk.count;
