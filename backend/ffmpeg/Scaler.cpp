@@ -7,6 +7,8 @@ extern "C" {
 #include <libavutil/pixdesc.h>
 }
 
+#include <cstring>
+
 namespace vantra::ffmpeg {
 
 namespace {
@@ -29,11 +31,20 @@ AVPixelFormat PlainFormat(const AVFrame& frame) {
   }
 }
 
+/// Files bring numbers into enumerations that these don't have.
+template <class Enumeration>
+int NumberOf(const Enumeration& value) {
+  static_assert(sizeof(Enumeration) == sizeof(int));
+  int number = 0;
+  std::memcpy(&number, &value, sizeof number);
+  return number;
+}
+
 /// What a file doesn't say is guessed by the size, as players do.
 int MatrixOf(const AVFrame& frame) {
   constexpr int kWidest = 1280;
   constexpr int kHighest = 576;
-  switch (frame.colorspace) {
+  switch (NumberOf(frame.colorspace)) {
     case AVCOL_SPC_BT709:
       return SWS_CS_ITU709;
     case AVCOL_SPC_FCC:
@@ -71,7 +82,7 @@ bool IsCropped(const AVFrame& frame) {
 
 CScaler::CColours::CColours(const AVFrame& frame)
     : matrix(MatrixOf(frame)),
-      isFullRange(frame.color_range == AVCOL_RANGE_JPEG || PlainFormat(frame) != frame.format) {}
+      isFullRange(NumberOf(frame.color_range) == AVCOL_RANGE_JPEG || PlainFormat(frame) != frame.format) {}
 
 void CScaler::CStep::Prepare(const CKey& key) {
   if (scaler_ && key == key_) return;
