@@ -1,0 +1,69 @@
+#include "authed/data/RepeatedInfile.h"
+
+#include "backend/infilexml/Audio.h"
+#include "backend/infilexml/Theme.h"
+#include "backend/infilexml/Video.h"
+#include "foundation/Error.h"
+
+#include <algorithm>
+
+namespace authed::data {
+
+using namespace vantra::infilexml;
+
+namespace {
+
+constexpr int kMostPasses = 10'000;
+
+void SetDuration(CTrack& track, double duration) {
+  track.duration = duration;
+  if (auto* const video = dynamic_cast<CVideo*>(track.item.get())) video->duration = duration;
+  if (auto* const audio = dynamic_cast<CAudio*>(track.item.get())) audio->duration = duration;
+  if (auto* const theme = dynamic_cast<CTheme*>(track.item.get())) theme->duration = duration;
+}
+
+/// Moves the tracks of a pass behind those that are there, and gives the end of the last one.
+double MoveTracks(const CTracklist& pass, CTracklist& target, double offset, double length, double end) {
+  for (std::size_t index = 0; index < pass.GetTrackCount(); ++index) {
+    const orlo::P<CTrack>& track = pass.GetTrack(index);
+    const double start = track->start + offset;
+    if (!(start < length)) continue;
+    if (start + track->duration > length) SetDuration(*track, length - start);
+    track->start = start;
+    end = std::max(end, start + track->duration);
+    target.AddTrack(track);
+  }
+  return end;
+}
+
+}  // namespace
+
+orlo::P<CInfile> RepeatInfile(const std::function<orlo::P<CInfile>()>& makePass, double length) {
+  auto result = orlo::makeObject<CInfile>();
+  double videoEnd = 0;
+  double audioEnd = 0;
+  for (int passes = 0; videoEnd < length; ++passes) {
+    if (passes == kMostPasses) throw orlo::CError("A movie may be repeated at most 10000 times");
+    const orlo::P<CInfile> pass = makePass();
+    if (!pass) return nullptr;
+    const double offset = videoEnd;
+    videoEnd = MoveTracks(*pass->GetVideoTracklist(), *result->GetVideoTracklist(), offset, length, videoEnd);
+    audioEnd = MoveTracks(*pass->GetAudioTracklist(), *result->GetAudioTracklist(), offset, length, audioEnd);
+    // A movie without a length would never come to the end.
+    if (!(videoEnd > offset)) break;
+  }
+  result->GetVideoTracklist()->SetDuration(videoEnd);
+  result->GetAudioTracklist()->SetDuration(audioEnd);
+  if (result->GetAudioTracklist()->GetTrackCount() == 0) AddSilence(*result, std::max(length, 0.0));
+  return result;
+}
+
+void AddSilence(CInfile& infile, double length) {
+  auto track = orlo::makeObject<CTrack>(0);
+  track->duration = length;
+  track->item = orlo::makeObject<CSilentAudio>(length);
+  infile.GetAudioTracklist()->AddTrack(track);
+  infile.GetAudioTracklist()->SetDuration(length);
+}
+
+}  // namespace authed::data
