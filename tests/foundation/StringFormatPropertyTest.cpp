@@ -10,6 +10,7 @@
 #include <limits>
 #include <random>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace orlo {
@@ -83,7 +84,8 @@ std::vector<T> integers() {
     values.push_back(value / 2);
     values.push_back(value / 10);
   }
-  for (std::size_t i = 0, count = values.size(); i < count; ++i) values.push_back(static_cast<T>(0 - values[i]));
+  for (std::size_t i = 0, count = values.size(); i < count; ++i)
+    values.push_back(static_cast<T>(0 - static_cast<std::make_unsigned_t<T>>(values[i])));
   return values;
 }
 
