@@ -5,8 +5,6 @@
 #include "graphics/geometry/XmlNode.h"
 #include "graphics/geometry/XmlValues.h"
 
-#include <cmath>
-
 namespace authed::data {
 
 using namespace graphics;

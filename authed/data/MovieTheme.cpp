@@ -19,8 +19,6 @@
 #include <wx/log.h>
 #include <wx/wfstream.h>
 
-#include <cmath>
-
 namespace authed::data {
 
 using namespace graphics;

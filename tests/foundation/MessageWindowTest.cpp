@@ -2,6 +2,7 @@
 #include "foundation/Signal.h"
 #include "foundation/posix/MessageWindow.h"
 #include "tests/foundation/Counted.h"
+#include "tests/foundation/MessageListener.h"
 #include "tests/foundation/OpenFiles.h"
 #include "tests/foundation/TextOf.h"
 
@@ -25,17 +26,6 @@ namespace {
 using testing::ElementsAre;
 
 constexpr std::uint32_t kLong = 60000;
-
-class CListener : public CCounted, public CMessageWindow::IMessageListener {
-public:
-  explicit CListener(std::function<bool(std::uint32_t)> action) : action_(std::move(action)) {}
-  bool onMessage(CMessageWindow*, std::uint32_t message, std::uintptr_t, std::intptr_t) override {
-    return action_(message);
-  }
-
-private:
-  std::function<bool(std::uint32_t)> action_;
-};
 
 class CDestructListener : public CCounted, public IObjectDestructListener {
 public:

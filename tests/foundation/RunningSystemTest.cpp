@@ -1,6 +1,7 @@
 #include "foundation/Error.h"
 #include "foundation/System.h"
 #include "foundation/posix/RunningSystem.h"
+#include "tests/foundation/MessageListener.h"
 #include "tests/foundation/OpenFiles.h"
 #include "tests/foundation/TestWorker.h"
 #include "tests/foundation/TextOf.h"
@@ -28,17 +29,6 @@ class CHandler : public CCounted, public ISystemMessageHandler {
 public:
   explicit CHandler(std::function<bool(std::uint32_t)> action) : action_(std::move(action)) {}
   bool onSystemMessage(IBase*, std::uint32_t message, std::uintptr_t, std::intptr_t) override {
-    return action_(message);
-  }
-
-private:
-  std::function<bool(std::uint32_t)> action_;
-};
-
-class CListener : public CCounted, public CMessageWindow::IMessageListener {
-public:
-  explicit CListener(std::function<bool(std::uint32_t)> action) : action_(std::move(action)) {}
-  bool onMessage(CMessageWindow*, std::uint32_t message, std::uintptr_t, std::intptr_t) override {
     return action_(message);
   }
 
