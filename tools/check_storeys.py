@@ -21,6 +21,7 @@ STOREYS = [
     "graphics/elements",
     "graphics/skin",
     "graphics/animation",
+    "graphics/vantra",
     "authed/data",
     "filter",
     "filter/exports",

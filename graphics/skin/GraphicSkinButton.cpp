@@ -47,8 +47,13 @@ void CGraphicSkinButton::Paint(CPaintContext& context) {
   const orlo::P<CState> state = GetCurrentState(context.viewMode);
   if (!state) return CGraphicStateButton::Paint(context);
   CSmoothEffectDC dc(*context.dc);
-  painter_->Paint(*state, context, *dc.CreateEffectContext(), FrameOf(*this), this, this, nullptr);
+  PaintState(*state, context, *dc.CreateEffectContext(), nullptr);
   dc.Flush();
+}
+
+void CGraphicSkinButton::PaintState(const CState& state, CPaintContext& context, TEffectGraphicsContext& target,
+                                    ICustomLayerPainter* painter) {
+  painter_->Paint(state, context, target, FrameOf(*this), this, this, painter);
 }
 
 void CGraphicSkinButton::Assign(const CGraphicBase& other) {

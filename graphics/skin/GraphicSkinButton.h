@@ -47,6 +47,11 @@ public:
   void WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const override;
   void ReadFromXml(const wxXmlNode& node, IResourceInputStore& store) override;
 
+protected:
+  /// A state in the frame, with the label and the attachment bitmap. The painter of custom layers may be null.
+  void PaintState(const CState& state, CPaintContext& context, TEffectGraphicsContext& target,
+                  ICustomLayerPainter* painter);
+
 private:
   orlo::P<CSkin> skin_;
   const orlo::P<CStatePainter> painter_ = orlo::makeObject<CStatePainter>();
