@@ -65,7 +65,7 @@ function(mfilter_tests name)
   file(GLOB sources CONFIGURE_DEPENDS "*.cpp")
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE build_settings ${ARG_USES} GTest::gmock GTest::gtest GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 600)
   # Properties that are lists do not survive the discovery, so this one is set when the tests are known.
   set(script "${CMAKE_CURRENT_BINARY_DIR}/${name}_environment.cmake")
   file(WRITE "${script}" "if(${name}_TESTS)

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <wx/mstream.h>
 
-#include <chrono>
+#include <ctime>
 
 namespace graphics {
 namespace {
@@ -114,10 +114,10 @@ TEST(ZipDirectory, OfUnicodeNamesThatBelongToOtherNamesIsReadInOneGo) {
   for (int i = 0; i < 200; ++i) archive.list(file, 0);
   const std::string bytes = archive.bytes();
   wxMemoryInputStream stream(bytes.data(), bytes.size());
-  const auto start = std::chrono::steady_clock::now();
+  const std::clock_t start = std::clock();
   EXPECT_EQ(ReadZipDirectory(stream).size(), 201u);
   // Some 50 ms of work, and 95 GB of check sums if each field asked anew for that of the name.
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_LT(std::clock() - start, 10 * CLOCKS_PER_SEC);
 }
 
 TEST(ZipDirectory, LeavesFoldersOut) {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <thread>
 
 // Pages whose pictures lie in archives, which real tools have made.
@@ -141,10 +141,10 @@ TEST_F(Attachments, SetAfterOpenChangeNothing) {
 
 TEST_F(Attachments, MayLieBesideTenThousandOthers) {
   makeArchives(folder, "many");
-  const auto before = std::chrono::steady_clock::now();
+  const std::clock_t before = std::clock();
   EXPECT_EQ(shown(module, folder / "ten-thousand.zip", {"red.png"}), "R");
   // Some 50 ms of work.
-  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
+  EXPECT_LT(std::clock() - before, 2 * CLOCKS_PER_SEC);
 }
 
 TEST_F(Attachments, AreDrawnOnFourThreadsAtOnce) {
