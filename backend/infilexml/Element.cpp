@@ -1,16 +1,21 @@
 #include "backend/infilexml/Element.h"
 
+#include "foundation/Error.h"
+
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace vantra::infilexml {
 
 namespace {
 
-/// The number that the text starts with, behind white space.
+/// The number that the text starts with, behind white space, if it is finite.
 template <class Number>
 void ReadNumber(const TiXmlElement& element, const char* name, Number& value) {
   const char* const attribute = element.Attribute(name);
@@ -18,7 +23,9 @@ void ReadNumber(const TiXmlElement& element, const char* name, Number& value) {
   std::string_view text = attribute;
   text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
   if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
-  std::from_chars(text.data(), text.data() + text.size(), value);
+  Number number{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error == std::errc() && std::isfinite(static_cast<double>(number))) value = number;
 }
 
 }  // namespace
@@ -51,7 +58,13 @@ void ReadAttribute(const TiXmlElement& element, const char* name, orlo::String& 
 }
 
 void ReadAttribute(const TiXmlElement& element, const char* name, orlo::PC<orlo::IURI>& value) {
-  if (const char* const text = element.Attribute(name)) value = orlo::makeObject<orlo::CURI>(orlo::fromUTF8(text));
+  const char* const text = element.Attribute(name);
+  if (!text) return;
+  try {
+    value = orlo::makeObject<orlo::CURI>(orlo::fromUTF8(text));
+  } catch (const orlo::CParseError&) {
+    // A port that is no number: as if there were no such attribute.
+  }
 }
 
 void WriteAttribute(TiXmlElement& element, const char* name, double value) {

@@ -21,14 +21,13 @@ void ForEachElement(const TiXmlElement& parent, Visit visit) {
     visit(*child);
 }
 
-/// An attribute that is missing, or that is no number where one is wanted, leaves the value as it stands. Numbers have
-/// a "." as decimal point whatever the locale is.
+/// An attribute that is missing, or that is no finite number or no URI where one is wanted, leaves the value as it
+/// stands. Numbers have a "." as decimal point whatever the locale is.
 void ReadAttribute(const TiXmlElement& element, const char* name, double& value);
 void ReadAttribute(const TiXmlElement& element, const char* name, std::int32_t& value);
 /// Any number but 0 is true.
 void ReadAttribute(const TiXmlElement& element, const char* name, bool& value);
 void ReadAttribute(const TiXmlElement& element, const char* name, orlo::String& value);
-/// Throws orlo::CParseError for a port that is no number.
 void ReadAttribute(const TiXmlElement& element, const char* name, orlo::PC<orlo::IURI>& value);
 
 /// With six significant digits.

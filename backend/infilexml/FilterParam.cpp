@@ -22,7 +22,7 @@ void CFilterParam::Write(TiXmlElement& element) const {
 }
 
 void CBoolean::ReadValue(const TiXmlElement& element) {
-  orlo::String text = value ? "true" : "false";
+  if (!element.Attribute(kValue)) return;
   ReadAttribute(element, kValue, text);
   value = text == "true" || text == "1";
 }

@@ -30,6 +30,8 @@ public:
   orlo::String GetElementName() const override { return "boolean"; }
 
   bool value = false;
+  /// What it was read from; empty for a new one.
+  orlo::String text;
 
 protected:
   void ReadValue(const TiXmlElement& element) override;

@@ -46,10 +46,7 @@ const orlo::P<CTrack>& CInfile::GetTrack(std::size_t index) const {
 std::string ToText(const CInfile& infile) {
   TiXmlElement root(kInfile);
   infile.Write(root);
-  TiXmlPrinter printer;
-  printer.SetStreamPrinting();
-  root.Accept(&printer);
-  return printer.Str();
+  return PrintElement(root);
 }
 
 orlo::P<CInfile> FromText(std::string_view text) {

@@ -42,7 +42,7 @@ private:
   const orlo::P<CAudioTracklist> audio_ = orlo::makeObject<CAudioTracklist>();
 };
 
-/// As one XML text in UTF-8.
+/// As one XML text in UTF-8. Throws orlo::CError for one that is too large to be read.
 std::string ToText(const CInfile& infile);
 
 /// Null for a text that is no XML, or whose root is not "infile". Throws what reading the nodes throws, and

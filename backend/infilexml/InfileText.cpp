@@ -2,6 +2,7 @@
 
 #include "foundation/Error.h"
 
+#include <algorithm>
 #include <expat.h>
 #include <vector>
 
@@ -18,9 +19,12 @@ public:
     XML_SetElementHandler(
         parser_, [](void* self, const XML_Char* name, const XML_Char** pairs) { Self(self).Start(name, pairs); },
         [](void* self, const XML_Char*) { Self(self).open_.pop_back(); });
+    // Both can make little text mean very much.
     XML_SetEntityDeclHandler(
         parser_, [](void* self, const XML_Char*, int, const XML_Char*, int, const XML_Char*, const XML_Char*,
                     const XML_Char*, const XML_Char*) { XML_StopParser(Self(self).parser_, XML_FALSE); });
+    XML_SetAttlistDeclHandler(parser_, [](void* self, const XML_Char*, const XML_Char*, const XML_Char*,
+                                          const XML_Char*, int) { XML_StopParser(Self(self).parser_, XML_FALSE); });
   }
   ~CTreeBuilder() { XML_ParserFree(parser_); }
   CTreeBuilder(const CTreeBuilder&) = delete;
@@ -38,6 +42,8 @@ private:
   void Start(const XML_Char* name, const XML_Char** pairs) {
     if (open_.size() >= kDeepest) return Stop("The elements of an infile may lie at most 64 deep");
     if (++count_ > kMostElements) return Stop("An infile may have at most 200000 elements");
+    if (XML_GetSpecifiedAttributeCount(parser_) / 2 > kMostAttributes)
+      return Stop("An element of an infile may have at most 100 attributes");
     auto element = std::make_unique<TiXmlElement>(name);
     for (; *pairs; pairs += 2) element->SetAttribute(pairs[0], pairs[1]);
     TiXmlElement* const added = element.get();
@@ -60,11 +66,24 @@ private:
   const char* limit_ = nullptr;
 };
 
+void CheckSize(std::size_t bytes) {
+  if (bytes > kMostTextBytes) throw orlo::CError("An infile may have at most 16 MB");
+}
+
 }  // namespace
 
 std::unique_ptr<TiXmlElement> ParseElement(std::string_view text) {
-  if (text.size() > kMostTextBytes) throw orlo::CError("An infile may have at most 16 MB");
+  CheckSize(text.size());
+  text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
   return CTreeBuilder().Run(text);
+}
+
+std::string PrintElement(const TiXmlElement& element) {
+  TiXmlPrinter printer;
+  printer.SetStreamPrinting();
+  element.Accept(&printer);
+  CheckSize(printer.Size());
+  return printer.Str();
 }
 
 }  // namespace vantra::infilexml
