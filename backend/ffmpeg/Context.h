@@ -1,7 +1,6 @@
 #pragma once
 
-#include "backend/ffmpeg/Given.h"
-#include "backend/handler/Backend.h"
+#include "backend/handler/BackendObject.h"
 
 #include <cstddef>
 #include <string>
@@ -9,7 +8,7 @@
 namespace vantra::ffmpeg {
 
 /// The text of an infile. Pictures are progressive whatever is said of interlace.
-class CContext : public TGiven<IContext> {
+class CContext : public TBackendObject<IContext> {
 public:
   void SetInfile(const char* text, std::size_t bytes) override;
   void SetInterlace(bool) override {}
@@ -21,7 +20,7 @@ private:
   std::string infile_;
 };
 
-class CMessage : public TGiven<IMessage> {
+class CMessage : public TBackendObject<IMessage> {
 public:
   orlo::String getDescription() const override { return "Message"; }
 };

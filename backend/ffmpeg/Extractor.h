@@ -1,9 +1,8 @@
 #pragma once
 
 #include "backend/ffmpeg/Compose.h"
-#include "backend/ffmpeg/Given.h"
 #include "backend/ffmpeg/VisualBuilder.h"
-#include "backend/handler/Backend.h"
+#include "backend/handler/BackendObject.h"
 #include "foundation/Pointer.h"
 
 #include <atomic>
@@ -14,7 +13,7 @@
 namespace vantra::ffmpeg {
 
 /// Plays an infile frame by frame of the host.
-class CExtractor : public TGiven<IAnimationExtractor> {
+class CExtractor : public TBackendObject<IAnimationExtractor> {
 public:
   /// Throws CFailure, and what reading an infile throws.
   CExtractor(const CExtractorParams& params, const std::string& infile, std::int32_t firstFrame);
