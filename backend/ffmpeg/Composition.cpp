@@ -51,6 +51,16 @@ double LengthOf(const CComposition::CPart& part) {
 }  // namespace
 
 CSize CComposition::GetSize() const {
+  if (!knownSize_) knownSize_ = FindSize();
+  return *knownSize_;
+}
+
+double CComposition::GetDuration() const {
+  if (!knownDuration_) knownDuration_ = FindDuration();
+  return *knownDuration_;
+}
+
+CSize CComposition::FindSize() const {
   if (size_.width > 0 && size_.height > 0) return size_;
   for (const CPart& part : parts_) {
     const CSize size = part.visual->GetSize();
@@ -65,10 +75,14 @@ CSize CComposition::GetSize() const {
   return size;
 }
 
-double CComposition::GetDuration() const {
+double CComposition::FindDuration() const {
   if (duration_ > 0) return duration_;
   double end = 0;
-  for (const CPart& part : parts_) end = std::max(end, part.start + LengthOf(part));
+  for (const bool isBackground : {false, true}) {
+    for (const CPart& part : parts_)
+      if (part.isBackground == isBackground) end = std::max(end, part.start + LengthOf(part));
+    if (end > 0) break;
+  }
   return end;
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -21,11 +22,14 @@ public:
     double start = 0;
     /// 0 or less for as long as the visual lasts.
     double duration = 0;
+    /// Lasts as long as the others do.
+    bool isBackground = false;
   };
 
   /// 0 or less for as long as the parts last.
   explicit CComposition(double duration = 0) : duration_(duration) {}
 
+  /// All parts are there before anything is asked.
   void Add(CPart part) { parts_.push_back(std::move(part)); }
   bool IsEmpty() const { return parts_.empty(); }
   /// Else it is that of the lowest part that fills the whole, or what holds all places.
@@ -37,9 +41,15 @@ public:
   void See(double seconds, std::vector<CSeen>& seen) override;
 
 private:
+  CSize FindSize() const;
+  double FindDuration() const;
+
   double duration_;
   CSize size_;
   std::vector<CPart> parts_;
+  /// Found once: asking the parts again at each level would take twice as long for each of them.
+  mutable std::optional<CSize> knownSize_;
+  mutable std::optional<double> knownDuration_;
 };
 
 /// Shows a visual again and again.

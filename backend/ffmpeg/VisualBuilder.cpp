@@ -136,13 +136,13 @@ std::unique_ptr<IVisual> CVisualBuilder::BuildTheme(const infilexml::CTheme& the
   if (description.background[3] > 0) {
     auto field = std::make_unique<CColourField>(description.background);
     leaves_.push_back(field.get());
-    result->Add({std::move(field), {}, 0, length});
+    result->Add({std::move(field), {}, 0, length, true});
   }
   if (description.picture) {
     const orlo::PC<orlo::IURI> base =
         theme.src->isAbsolute() || !bases_.themes ? theme.src : orlo::PC<orlo::IURI>(theme.src->resolve(bases_.themes));
     const CBox whole{0, 0, description.size.width, description.size.height};
-    result->Add({BuildClip(LocalPath(description.picture, base), {}, 0, length), whole, 0, length});
+    result->Add({BuildClip(LocalPath(description.picture, base), {}, 0, length), whole, 0, length, true});
   }
   for (const CThemePlace& place : description.places)
     if (auto visual = BuildPlace(place, theme))

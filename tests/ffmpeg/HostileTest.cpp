@@ -134,6 +134,15 @@ TEST(Hostile, SizesBeyondTheLimitsAreRefused) {
   ExpectRefused(InfileOf(huge), "16384 pixels");
 }
 
+TEST(Hostile, ListsDeepWithinListsOpenAtOnce) {
+  std::string item = Video(Numbers());
+  for (int depth = 0; depth < 30; ++depth)
+    item = "<videotracklist>" + Track(item, "x=\"1\" y=\"1\" width=\"100\" height=\"50\"") + "</videotracklist>";
+  const auto extractor = Play(Infile(Track(item, "x=\"1\" width=\"160\" height=\"96\"")));
+  EXPECT_EQ(extractor->GetWidth(), 161);
+  EXPECT_EQ(extractor->GetHeight(), 96);
+}
+
 TEST(Hostile, TruncatedMoviesPlayAsFarAsTheyGo) {
   const std::string movie = Numbers();
   SKIP_WITHOUT(movie);

@@ -92,6 +92,28 @@ TEST(Theme, LastsAsLongAsTheInfileSays) {
   EXPECT_THAT(NumbersOf(*extractor, 4), testing::ElementsAre(1, 2, 2, 2));
 }
 
+TEST(Theme, WithoutALengthLastsAsLongAsItsPlaces) {
+  Movie("ground.png", "-f lavfi -i \"color=c=0x204060:s=20x10,format=rgb24\" -frames:v 1");
+  const std::string theme =
+      Theme("endless.xml", "width=\"160\" height=\"96\" background=\"#204060\" picture=\"ground.png\"",
+            "<place number=\"1\" movie-start=\"1.88\"/>");
+  const std::string item = "<theme src=\"" + UriOf(theme) + "\">" + Entry(Numbers(), "movie1") + "</theme>";
+  const auto once = Play(Infile(Track(item)));
+  EXPECT_TRUE(once->Advance());
+  EXPECT_TRUE(once->Advance());
+  EXPECT_FALSE(once->Advance());
+  EXPECT_NEAR(once->GetTime(), 0.08, 1e-9);
+  EXPECT_THAT(NumbersOf(Infile(Track("<loop>" + item + "</loop>")), 5), testing::ElementsAre(47, 48, 49, 47, 48));
+}
+
+TEST(Theme, OfABackgroundAloneStandsStillForEver) {
+  const std::string theme = Theme("alone.xml", "width=\"16\" height=\"16\" background=\"#204060\"", "");
+  const auto extractor = Play(InfileWith(UriOf(theme), ""));
+  EXPECT_FALSE(extractor->Advance());
+  EXPECT_FALSE(extractor->Advance());
+  EXPECT_NEAR(extractor->GetTime(), 0.08, 1e-9);
+}
+
 TEST(Theme, TakesTheFirstOfTwoMoviesOfOneName) {
   const std::string theme = Theme("same.xml", "width=\"160\" height=\"96\"", "<place movie=\"movie1\"/>");
   const auto extractor = Play(InfileWith(
