@@ -26,26 +26,28 @@ constexpr unsigned kActive = 2;
 
 /// Painting goes from a button to what lies within, and from there perhaps to buttons again, always on one thread. A
 /// skin may show what lies within many times, and so may the skins of the buttons there.
-class CPaintWithin {
+class CPainting {
 public:
-  CPaintWithin() {
-    if (depth == 0) paints = 0;
+  CPainting() {
     if (depth >= kMaxActionButtonDepth) ThrowNestsTooDeep();
-    if (++paints > kMaxPaintsWithinButton)
-      throw orlo::CError("What lies within an action button may be painted at most 1000 times");
-    ++depth;
+    if (depth++ == 0) paintsWithin = 0;
   }
-  CPaintWithin(const CPaintWithin&) = delete;
-  CPaintWithin& operator=(const CPaintWithin&) = delete;
-  ~CPaintWithin() { --depth; }
+  CPainting(const CPainting&) = delete;
+  CPainting& operator=(const CPainting&) = delete;
+  ~CPainting() { --depth; }
+
+  static void CountPaintWithin() {
+    if (depth > 0 && ++paintsWithin > kMaxPaintsWithinButton)
+      throw orlo::CError("What lies within an action button may be painted at most 1000 times");
+  }
 
 private:
   static thread_local int depth;
-  static thread_local int paints;
+  static thread_local int paintsWithin;
 };
 
-thread_local int CPaintWithin::depth = 0;
-thread_local int CPaintWithin::paints = 0;
+thread_local int CPainting::depth = 0;
+thread_local int CPainting::paintsWithin = 0;
 
 }  // namespace
 
@@ -55,6 +57,7 @@ void CGraphicActionButton::SetElement(const orlo::P<CGraphicElement>& element) {
        inner = orlo::tryCast<CGraphicActionButton>(inner->element_))
     if (inner == this || ++depth > kMaxActionButtonDepth) ThrowNestsTooDeep();
   element_ = element;
+  PlaceElement();
 }
 
 IAnimationElement* CGraphicActionButton::FindAnimationElement() const {
@@ -91,6 +94,7 @@ bool CGraphicActionButton::IsElementActive() const {
 void CGraphicActionButton::Paint(CPaintContext& context) {
   const orlo::P<skin::CState> state = GetCurrentState(context.viewMode);
   if (!state) return CGraphicSkinButton::Paint(context);
+  const CPainting painting;
   CSmoothEffectDC dc(*context.dc);
   const auto target = dc.CreateEffectContext();
   PaintState(*state, context, *target, this);
@@ -103,7 +107,7 @@ void CGraphicActionButton::PaintCustom(skin::CCustomLayer& layer, CPaintContext&
                                        TEffectGraphicsContext& target, const CDoubleRect& rect,
                                        skin::ITextSource* /*texts*/, skin::IAnimationSource* /*animations*/) {
   if (!element_) return;
-  const CPaintWithin within;
+  CPainting::CountPaintWithin();
   PaintInLayer(layer, context, target, rect, *element_, *this, [&](CPaintContext& clone) { element_->Paint(clone); });
 }
 
@@ -159,8 +163,9 @@ void CGraphicActionButton::ReadFromXml(const wxXmlNode& node, IResourceInputStor
     const auto document = orlo::makeObject<CGraphicDocument>();
     document->ReadFromXml(*child, store);
     SetElement(document->GetCount() > 0 ? document->GetElement(0) : nullptr);
+  } else {
+    PlaceElement();
   }
-  PlaceElement();
 }
 
 }  // namespace authed::data

@@ -30,7 +30,8 @@ public:
   orlo::P<CAction> GetAction() const { return action_; }
   /// Null if there is none.
   orlo::P<graphics::CGraphicElement> GetElement() const { return element_; }
-  /// Leaves the element where it is. Throws orlo::CError if buttons come to nest too deep or hold themselves.
+  /// Moves the element onto the button's frame. Throws orlo::CError if buttons come to nest too deep or hold
+  /// themselves.
   void SetElement(const orlo::P<graphics::CGraphicElement>& element);
 
   // Of the element within; nothing, false or null if that is no such element.
@@ -48,7 +49,7 @@ public:
   void PaintCustom(graphics::skin::CCustomLayer& layer, graphics::CPaintContext& context,
                    graphics::TEffectGraphicsContext& target, const graphics::CDoubleRect& rect,
                    graphics::skin::ITextSource* texts, graphics::skin::IAnimationSource* animations) override;
-  /// Both move the element within, too.
+  /// Both move the element within, too, so that it always covers the button's frame.
   void SetCenter(graphics::CDoublePoint center) override;
   void SetSize(graphics::CDoubleSize size) override;
 
