@@ -36,6 +36,8 @@ public:
   const orlo::P<CTrack>& GetTrack(std::size_t index) const;
 
   orlo::String id;
+  /// Stands in no text.
+  bool interlace = false;
 
 private:
   const orlo::P<CVideoTracklist> video_ = orlo::makeObject<CVideoTracklist>();

@@ -1,0 +1,74 @@
+#include "authed/data/Thumbnail.h"
+
+#include "graphics/geometry/Truncate.h"
+#include "graphics/paint/EffectGraphicsContext.h"
+
+#include <wx/brush.h>
+#include <wx/pen.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace authed::data {
+
+using namespace graphics;
+
+namespace {
+
+bool IsWhole(double number) {
+  return number == std::round(number);
+}
+
+/// Whole numbers of the context's units are edges of pixels.
+bool LiesOnPixels(const TEffectGraphicsContext& context) {
+  double a = 0, b = 0, c = 0, d = 0, tx = 0, ty = 0;
+  context.GetTransform().Get(&a, &b, &c, &d, &tx, &ty);
+  return a == 1 && b == 0 && c == 0 && d == 1 && IsWhole(tx) && IsWhole(ty);
+}
+
+bool IsNearly(double length, int pixels) {
+  return std::abs(length - pixels) < 1;
+}
+
+void DrawIn(TEffectGraphicsContext& context, const CDoubleRect& place, const wxBitmap& bitmap, const wxRect& part) {
+  const CDoublePoint centre = place.GetCenter();
+  if (IsNearly(place.width, part.width) && IsNearly(place.height, part.height) && LiesOnPixels(context)) {
+    const double left = std::round(centre.x - part.width * 0.5);
+    const double top = std::round(centre.y - part.height * 0.5);
+    context.DrawBitmapPart(bitmap, part, left, top, part.width, part.height);
+  } else {
+    context.DrawBitmapPart(bitmap, part, place.left, place.top, place.width, place.height);
+  }
+}
+
+/// The pen reaches one unit beyond.
+void FillBlack(TEffectGraphicsContext& context, const CDoubleRect& rect) {
+  context.context->SetPen(*wxBLACK_PEN);
+  context.context->SetBrush(*wxBLACK_BRUSH);
+  context.context->DrawRectangle(rect.left, rect.top, rect.width - 1, rect.height - 1);
+}
+
+/// The bitmap's pixels that are too many on either side.
+int Surplus(double length, double place, double scale) {
+  return std::max(TruncateToInt(0.5 * (length * scale - place) / scale), 0);
+}
+
+}  // namespace
+
+void PaintThumbnail(TEffectGraphicsContext& context, const CDoubleRect& rect, const wxBitmap& bitmap, EScaleMode mode) {
+  if (!bitmap.IsOk() || !(rect.width > 0 && rect.height > 0)) return;
+  const int width = bitmap.GetWidth(), height = bitmap.GetHeight();
+  const double across = rect.width / width, down = rect.height / height;
+  if (mode == EScaleMode::width || mode == EScaleMode::height) {
+    const double scale = mode == EScaleMode::width ? std::min(across, down) : down;
+    FillBlack(context, rect);
+    const CDoubleRect place = CDoubleRect::FromCenter(rect.GetCenter(), {width * scale, height * scale});
+    DrawIn(context, place, bitmap, {0, 0, width, height});
+  } else if (mode == EScaleMode::fitting) {
+    const double scale = std::max(across, down);
+    const int x = Surplus(width, rect.width, scale), y = Surplus(height, rect.height, scale);
+    DrawIn(context, rect, bitmap, {x, y, width - 2 * x, height - 2 * y});
+  }
+}
+
+}  // namespace authed::data
