@@ -1,5 +1,7 @@
 #include "authed/data/Editable.h"
 
+#include "authed/data/RepeatedInfile.h"
+#include "foundation/Error.h"
 #include "graphics/model/ResourceStore.h"
 
 #include <string>
@@ -7,6 +9,7 @@
 namespace authed::data {
 
 using namespace graphics;
+using vantra::infilexml::CInfile;
 
 namespace {
 
@@ -48,7 +51,18 @@ void CEditable::Assign(const CMovie& other) {
   editorXml = editable->editorXml;
 }
 
-orlo::P<vantra::infilexml::CInfile> CEditable::CreateInfile(double /*frameRate*/) const {
+orlo::P<CInfile> CEditable::BuildInfile(double frameRate, double length) const {
+  constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+  std::size_t read = 0;
+  const auto makePass = [&] {
+    read += vantraXml.length();
+    if (read > kMostBytes) throw orlo::CError("A movie may be repeated at most for 64 MB of its text");
+    return CreateInfile(frameRate);
+  };
+  return RepeatInfile(makePass, length);
+}
+
+orlo::P<CInfile> CEditable::CreateInfile(double /*frameRate*/) const {
   return vantra::infilexml::FromText(vantraXml.utf8_string());
 }
 

@@ -12,7 +12,9 @@ public:
   void WriteToXml(wxXmlNode& node, graphics::IResourceOutputStore& store) const override;
   void ReadFromXml(const wxXmlNode& node, graphics::IResourceInputStore& store) override;
   void Assign(const CMovie& other) override;
-  /// Null if the description is no infile.
+  /// Throws orlo::CError also if it would read more than 64 MB of descriptions.
+  orlo::P<vantra::infilexml::CInfile> BuildInfile(double frameRate, double length) const override;
+  /// Null if the description is no infile. Throws as reading an infile does.
   orlo::P<vantra::infilexml::CInfile> CreateInfile(double frameRate) const override;
 
   /// The backend's description.

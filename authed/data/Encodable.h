@@ -1,15 +1,21 @@
 #pragma once
 
 #include "foundation/Object.h"
-#include "graphics/model/ReusableResource.h"
+
+class wxXmlNode;
+
+namespace graphics {
+class IResourceInputStore;
+class IResourceOutputStore;
+}  // namespace graphics
 
 namespace authed::data {
 
 /// What is encoded for the disc.
-class CEncodable : public orlo::CObject, public virtual graphics::IReusableResource {
+class CEncodable : public orlo::CObject {
 public:
-  void WriteToXml(wxXmlNode& node, graphics::IResourceOutputStore& store) const override;
-  void ReadFromXml(const wxXmlNode& node, graphics::IResourceInputStore& store) override;
+  virtual void WriteToXml(wxXmlNode& node, graphics::IResourceOutputStore& store) const;
+  virtual void ReadFromXml(const wxXmlNode& node, graphics::IResourceInputStore& store);
 };
 
 }  // namespace authed::data

@@ -7,6 +7,7 @@
 #include "authed/data/Picture.h"
 #include "backend/handler/Backend.h"
 #include "backend/infilexml/Infile.h"
+#include "graphics/model/ReusableResource.h"
 
 #include <wx/string.h>
 
@@ -32,7 +33,7 @@ struct CThumbnailRequest {
 
 /// A movie of a disc project: where its pictures come from, how long it is, what it is called. Elements share one
 /// through the resource store.
-class CMovie : public CEncodable {
+class CMovie : public CEncodable, public virtual graphics::IReusableResource {
 public:
   void WriteToXml(wxXmlNode& node, graphics::IResourceOutputStore& store) const override;
   void ReadFromXml(const wxXmlNode& node, graphics::IResourceInputStore& store) override;
@@ -45,14 +46,13 @@ public:
   orlo::P<CMovie> Clone() const;
   virtual orlo::P<CMovie> CreateSameKind() const { return CreateMovie(GetMovieType()); }
   virtual bool IsFileBased() const { return false; }
-  /// The movie again and again for so many seconds. Null if one pass of it is null. Throws orlo::CError if it would
-  /// take more than 10000 passes.
+  /// The movie again and again for so many seconds. Null if one pass of it is null. Throws as RepeatInfile does.
   virtual orlo::P<vantra::infilexml::CInfile> BuildInfile(double frameRate, double length) const;
   /// One pass of the movie. Null for a movie without a description that can be read.
   virtual orlo::P<vantra::infilexml::CInfile> CreateInfile(double frameRate) const = 0;
   /// One pass, to be played as a small picture. Completes the request.
   virtual orlo::P<vantra::infilexml::CInfile> CreateThumbnailInfile(CThumbnailRequest& request) const;
-  /// Of the shortest time that it should run, in seconds.
+  /// The shortest time that it should run, in seconds.
   virtual double GetMinDuration() const { return minDuration; }
 
   /// Null if there is no such chapter; the first has the number 1.

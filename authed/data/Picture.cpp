@@ -21,7 +21,7 @@ void CPicture::WriteToXml(wxXmlNode& node, const wxString& name, graphics::IReso
 
 void CPicture::ReadFromXml(const wxXmlNode& node, const wxString& name, graphics::IResourceInputStore& store) {
   wxFileName noFile;
-  bitmap_ = store.ReadBitmap(node, name, noFile);
+  if (auto bitmap = store.ReadBitmap(node, name, noFile)) bitmap_ = std::move(bitmap);
 }
 
 }  // namespace authed::data

@@ -29,7 +29,7 @@ public:
 
   /// Nothing for a missing one.
   void WriteToXml(wxXmlNode& node, const wxString& name, graphics::IResourceOutputStore& store) const;
-  /// Missing if the store has none.
+  /// Stays as it is if the store has none.
   void ReadFromXml(const wxXmlNode& node, const wxString& name, graphics::IResourceInputStore& store);
 
 private:

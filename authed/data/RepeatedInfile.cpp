@@ -1,6 +1,8 @@
 #include "authed/data/RepeatedInfile.h"
 
 #include "backend/infilexml/Audio.h"
+#include "backend/infilexml/Filter.h"
+#include "backend/infilexml/InfileText.h"
 #include "backend/infilexml/Theme.h"
 #include "backend/infilexml/Video.h"
 #include "foundation/Error.h"
@@ -15,11 +17,18 @@ namespace {
 
 constexpr int kMostPasses = 10'000;
 
-void SetDuration(CTrack& track, double duration) {
+/// What the track holds may be shorter than the track, and stays so.
+void Cut(CTrack& track, double duration) {
+  const auto cutItem = [&](auto* item) {
+    if (item) item->duration = std::min(item->duration, duration);
+  };
   track.duration = duration;
-  if (auto* const video = dynamic_cast<CVideo*>(track.item.get())) video->duration = duration;
-  if (auto* const audio = dynamic_cast<CAudio*>(track.item.get())) audio->duration = duration;
-  if (auto* const theme = dynamic_cast<CTheme*>(track.item.get())) theme->duration = duration;
+  cutItem(dynamic_cast<CVideo*>(track.item.get()));
+  cutItem(dynamic_cast<CAudio*>(track.item.get()));
+  cutItem(dynamic_cast<CTheme*>(track.item.get()));
+  cutItem(dynamic_cast<CFilter*>(track.item.get()));
+  if (auto* const list = dynamic_cast<CTracklist*>(track.item.get()))
+    list->SetDuration(std::min(list->GetDuration(), duration));
 }
 
 /// Moves the tracks of a pass behind those that are there, and gives the end of the last one.
@@ -28,7 +37,8 @@ double MoveTracks(const CTracklist& pass, CTracklist& target, double offset, dou
     const orlo::P<CTrack>& track = pass.GetTrack(index);
     const double start = track->start + offset;
     if (!(start < length)) continue;
-    if (start + track->duration > length) SetDuration(*track, length - start);
+    if (start + track->duration > length) Cut(*track, length - start);
+    if (target.GetTrackCount() >= kMostElements) throw orlo::CError("An infile may have at most 200000 elements");
     track->start = start;
     end = std::max(end, start + track->duration);
     target.AddTrack(track);
@@ -54,7 +64,7 @@ orlo::P<CInfile> RepeatInfile(const std::function<orlo::P<CInfile>()>& makePass,
   }
   result->GetVideoTracklist()->SetDuration(videoEnd);
   result->GetAudioTracklist()->SetDuration(audioEnd);
-  if (result->GetAudioTracklist()->GetTrackCount() == 0) AddSilence(*result, std::max(length, 0.0));
+  if (result->GetAudioTracklist()->GetTrackCount() == 0) AddSilence(*result, std::max(0.0, length));
   return result;
 }
 

@@ -7,6 +7,7 @@
 #include "backend/infilexml/Video.h"
 #include "foundation/Cast.h"
 #include "foundation/Error.h"
+#include "foundation/StringLocalizer.h"
 #include "graphics/model/Base64Resources.h"
 #include "graphics/paint/native/BitmapPixels.h"
 #include "tests/model/TestElement.h"
@@ -45,6 +46,13 @@ private:
 protected:
   const orlo::P<graphics::CBase64Resources> store_ = orlo::makeObject<graphics::CBase64Resources>();
 };
+
+/// Each with a blank behind it.
+wxString ChildNames(const wxXmlNode& node) {
+  wxString names;
+  for (const wxXmlNode* child = node.GetChildren(); child; child = child->GetNext()) names += child->GetName() + " ";
+  return names;
+}
 
 wxBitmap Picture() {
   return graphics::MakeAlphaBitmap(4, 3);
@@ -129,6 +137,75 @@ TEST_F(Movie, OfAnUnknownScreenCannotBeWritten) {
   EXPECT_EQ(HeightOverWidth(movie.aspectRatio), 1.0);
 }
 
+TEST_F(Movie, WritesItsChildrenInOrder) {
+  CSlideshow movie;
+  const wxBitmap picture = Picture();
+  movie.thumbnail.Set(&picture);
+  movie.largeThumbnail.Set(&picture);
+  movie.chapters.push_back(orlo::makeObject<CChapter>());
+  movie.chapters.push_back(orlo::makeObject<CChapter>());
+  movie.chapters.back()->SetThumbnail(&picture);
+  movie.vantraXml = "<infile/>";
+  movie.editorXml = "<editor/>";
+  wxXmlNode node(wxXML_ELEMENT_NODE, "movie");
+  movie.WriteToXml(node, *store_);
+  EXPECT_EQ(ChildNames(node),
+            "finished-files attachment-thumbnail attachment-thumbnail-large chapters editor.xml vantra.xml ");
+  const wxXmlNode* const chapters = graphics::xml::FindChild(node, "chapters");
+  ASSERT_TRUE(chapters);
+  EXPECT_EQ(ChildNames(*chapters), "chapter chapter ");
+  EXPECT_EQ(ToText(*chapters->GetChildren()), "<chapter timestamp=\"0\" name=\"\"/>");
+  EXPECT_EQ(ChildNames(*chapters->GetChildren()->GetNext()), "attachment-thumbnail ");
+}
+
+TEST_F(Movie, KeepsWhatTheNodeLacks) {
+  const auto movie = TenSeconds();
+  movie->title = "Title";
+  movie->menuEntry = false;
+  movie->minDuration = 2;
+  movie->audioDuration = 9;
+  movie->width = movie->height = 4;
+  movie->id = 5;
+  movie->aspectRatio = EAspectRatio::narrow;
+  const wxBitmap picture = Picture();
+  movie->thumbnail.Set(&picture);
+  movie->largeThumbnail.Set(&picture);
+  const wxString before = Written(*movie);
+  Read(*movie, "<movie/>");
+  EXPECT_EQ(Written(*movie), before);
+  CEditedMovie edited;
+  edited.vantraXml = "<infile/>";
+  edited.editorXml = "<editor/>";
+  Read(edited, "<movie/>");
+  EXPECT_EQ(edited.vantraXml, "<infile/>");
+  EXPECT_EQ(edited.editorXml, "<editor/>");
+}
+
+TEST_F(Movie, FileLiesInTheCurrentFolderUnlessItsPathIsWhole) {
+  CMovieFile movie;
+  Read(movie, R"(<movie><filename path="films/../other" name="a.mp4"/></movie>)");
+  EXPECT_EQ(movie.filename.GetFullPath(), wxFileName::GetCwd() + "/other/a.mp4");
+  Read(movie, R"(<movie><filename path="/films" name="b.mp4"/></movie>)");
+  EXPECT_EQ(movie.filename.GetFullPath(), "/films/b.mp4");
+  Read(movie, R"(<movie><filename path="" name=""/></movie>)");
+  EXPECT_EQ(movie.filename.GetFullPath(), "");
+}
+
+TEST_F(Movie, HasAKnownDurationFromZeroOn) {
+  CMovieFile movie;
+  EXPECT_TRUE(movie.IsDurationUnknown());
+  movie.duration = 0;
+  EXPECT_FALSE(movie.IsDurationUnknown());
+  movie.minDuration = 2.5;
+  EXPECT_EQ(movie.GetMinDuration(), 2.5);
+}
+
+TEST_F(Movie, ThatContainsItselfIsAnError) {
+  const auto document =
+      ParseXml(R"(<movie type="theme" unique="7"><movies><movie type="theme" unique="7"/></movies></movie>)");
+  EXPECT_THROW(Shared(*document->GetRoot()), orlo::CException);
+}
+
 TEST_F(Movie, HasATypeWithAWordAndAName) {
   const std::pair<EMovieType, const char*> words[] = {{EMovieType::file, "movie-file"},
                                                       {EMovieType::slideshow, "slideshow"},
@@ -145,12 +222,30 @@ TEST_F(Movie, HasATypeWithAWordAndAName) {
     EXPECT_EQ(movie->IsFileBased(), type == EMovieType::file);
   }
   EXPECT_EQ(CMovieFile().GetTypeDisplayName(), "Movie File");
+  EXPECT_EQ(CSlideshow().GetTypeDisplayName(), "Slideshow");
+  EXPECT_EQ(CEditedMovie().GetTypeDisplayName(), "Edited Movie");
   EXPECT_EQ(CMovieTheme().GetTypeDisplayName(), "Animated Theme");
+  EXPECT_EQ(GetMovieTypeDisplayName(EMovieType::custom), "Custom Movie");
+}
+
+TEST_F(Movie, IsNamedInTheLanguageOfTheUser) {
+  const std::pair<EMovieType, const char*> keys[] = {{EMovieType::file, "authed.CMovie.Movie"},
+                                                     {EMovieType::slideshow, "authed.CMovie.Slideshow"},
+                                                     {EMovieType::edited, "authed.CMovie.EditedMovie"},
+                                                     {EMovieType::theme, "authed.CMovieTheme.Theme"},
+                                                     {EMovieType::custom, "authed.CMovie.Custom"}};
+  for (const auto& [type, key] : keys) {
+    orlo::getStringLocalizer()->setText(key, "Film");
+    EXPECT_EQ(GetMovieTypeDisplayName(type), "Film") << key;
+    orlo::getStringLocalizer()->clear();
+  }
 }
 
 TEST_F(Movie, OfAnUnknownTypeIsAnError) {
   for (const auto make :
-       {+[] { GetMovieTypeName(static_cast<EMovieType>(4)); }, +[] { GetMovieType(wxString("Theme")); }}) {
+       {+[] { GetMovieTypeName(static_cast<EMovieType>(4)); }, +[] { GetMovieTypeName(static_cast<EMovieType>(-1)); },
+        +[] { GetMovieTypeDisplayName(static_cast<EMovieType>(4)); }, +[] { GetMovieType(wxString("Theme")); },
+        +[] { GetMovieType(wxString()); }}) {
     try {
       make();
       ADD_FAILURE();
@@ -171,61 +266,6 @@ TEST_F(Movie, ClonedHasChaptersAndPicturesOfItsOwn) {
   EXPECT_NE(copy->thumbnail.Get(), movie->thumbnail.Get());
 }
 
-TEST_F(Movie, FileDescribesItselfWithOneTrackOfEach) {
-  const auto movie = TenSeconds();
-  EXPECT_EQ(ToText(*movie->CreateInfile(25)),
-            R"(<infile id=""><videotracklist duration="10"><track duration="10" start="0" index="0" enabled="1">)"
-            R"(<video duration="10" starttime="0" src="file:///films/a%20b.mp4" infile-id="movie0" rotation="0")"
-            R"( mirrorvertical="0" mirrorhorizontal="0" /></track></videotracklist><audiotracklist duration="10">)"
-            R"(<track duration="10" start="0" index="0" enabled="1"><audio duration="10" starttime="0" src="silent" />)"
-            R"(</track></audiotracklist></infile>)");
-  movie->audioDuration = 9;
-  const auto audio = movie->CreateInfile(25)->GetAudioTracklist()->GetTrack(0)->item;
-  EXPECT_EQ(stdText(orlo::cast<CAudio>(audio)->src->getDescription()), "file:///films/a%20b.mp4");
-}
-
-TEST_F(Movie, RepeatedIsCutAtTheLength) {
-  const auto infile = TenSeconds()->BuildInfile(25, 25);
-  const auto& video = *infile->GetVideoTracklist();
-  ASSERT_EQ(video.GetTrackCount(), 3U);
-  const double starts[] = {0, 10, 20};
-  const double durations[] = {10, 10, 5};
-  for (std::size_t index = 0; index < 3; ++index) {
-    EXPECT_EQ(video.GetTrack(index)->start, starts[index]);
-    EXPECT_EQ(video.GetTrack(index)->duration, durations[index]);
-  }
-  EXPECT_EQ(orlo::cast<CVideo>(video.GetTrack(2)->item)->duration, 5);
-  EXPECT_EQ(video.GetDuration(), 25);
-  EXPECT_EQ(infile->GetAudioTracklist()->GetTrackCount(), 3U);
-}
-
-TEST_F(Movie, RepeatedForNoTimeHasSilenceAlone) {
-  for (const double length : {0.0, -5.0}) {
-    const auto infile = TenSeconds()->BuildInfile(25, length);
-    EXPECT_EQ(infile->GetVideoTracklist()->GetTrackCount(), 0U);
-    ASSERT_EQ(infile->GetAudioTracklist()->GetTrackCount(), 1U);
-    EXPECT_TRUE(orlo::cast<CAudio>(infile->GetAudioTracklist()->GetTrack(0)->item)->IsSilent());
-  }
-}
-
-TEST_F(Movie, WithoutALengthIsNotRepeatedForEver) {
-  const auto movie = TenSeconds();
-  movie->duration = 0;
-  EXPECT_EQ(movie->BuildInfile(25, 100)->GetVideoTracklist()->GetTrackCount(), 1U);
-  movie->duration = 0.000001;
-  EXPECT_THROW(movie->BuildInfile(25, 100), orlo::CError);
-}
-
-TEST_F(Movie, WithoutAudioTracksGetsOneOfSilence) {
-  CEditedMovie movie;
-  movie.vantraXml =
-      R"(<infile><videotracklist><track duration="4"><video duration="4"/></track></videotracklist></infile>)";
-  const auto infile = movie.BuildInfile(25, 10);
-  EXPECT_EQ(infile->GetVideoTracklist()->GetTrackCount(), 3U);
-  ASSERT_EQ(infile->GetAudioTracklist()->GetTrackCount(), 1U);
-  EXPECT_EQ(infile->GetAudioTracklist()->GetTrack(0)->duration, 10);
-}
-
 TEST_F(Movie, EditedKeepsBothTexts) {
   CSlideshow movie;
   movie.vantraXml = wxString::FromUTF8("<infile id=\"\xC3\xA9\"/>");
@@ -237,14 +277,15 @@ TEST_F(Movie, EditedKeepsBothTexts) {
   EXPECT_EQ(Written(CSlideshow()).Find("vantra.xml"), wxNOT_FOUND);
 }
 
-TEST_F(Movie, EditedIsNullWithoutAnInfile) {
+TEST_F(Movie, EditedKeepsItsTextsInACopy) {
   CEditedMovie movie;
-  EXPECT_FALSE(movie.CreateInfile(25));
-  movie.vantraXml = "<project/>";
-  EXPECT_FALSE(movie.CreateInfile(25));
-  EXPECT_FALSE(movie.BuildInfile(25, 10));
-  movie.vantraXml = "<infile id='x'/>";
-  EXPECT_EQ(stdText(movie.CreateInfile(25)->id), "x");
+  movie.title = "Title";
+  movie.vantraXml = "<infile/>";
+  movie.editorXml = "<editor/>";
+  const orlo::P<CMovie> copy = movie.Clone();
+  EXPECT_EQ(copy->GetMovieType(), EMovieType::edited);
+  EXPECT_EQ(Written(*copy), Written(movie));
+  EXPECT_EQ(Written(*movie.CreateSameKind()), Written(CEditedMovie()));
 }
 
 TEST_F(Movie, SharedByTwoElementsIsWrittenOnce) {
