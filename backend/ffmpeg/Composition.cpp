@@ -133,6 +133,7 @@ void CColourField::Place(const CBox& place, const CPixelBox& visible) {
   if (box.IsEmpty() || pixel_[3] == 0) return;
   if (std::int64_t{box.width} * box.height > kMostPixels)
     throw CFailure(Fault::limit, "A colour may fill at most 64 megapixels");
+  store_.TakeRoom(std::int64_t{box.width} * box.height);
   layer_ = {ColouredPicture(box.width, box.height, pixel_), box.x, box.y, box};
 }
 

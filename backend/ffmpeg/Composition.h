@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backend/ffmpeg/MovieStore.h"
 #include "backend/ffmpeg/Visual.h"
 
 #include <array>
@@ -69,7 +70,8 @@ private:
 /// Fills its place with a colour: the bytes B, G, R, A, premultiplied.
 class CColourField : public IVisual, public ILeaf {
 public:
-  explicit CColourField(const std::array<std::uint8_t, 4>& pixel) : pixel_(pixel) {}
+  /// The store lives as long.
+  CColourField(CMovieStore& store, const std::array<std::uint8_t, 4>& pixel) : store_(store), pixel_(pixel) {}
 
   CSize GetSize() const override { return {}; }
   double GetDuration() const override;
@@ -83,6 +85,7 @@ public:
   void Wake() override {}
 
 private:
+  CMovieStore& store_;
   std::array<std::uint8_t, 4> pixel_;
   CLayer layer_;
 };

@@ -9,7 +9,8 @@ namespace vantra::ffmpeg {
 /// Of a movie's pictures, and of those that are shown.
 constexpr int kMostPixelsWideOrHigh = 16384;
 constexpr std::int64_t kMostPixels = std::int64_t{64} << 20;
-/// Of all movies that play at one time, counting the pictures of the movie and those that it is shown as.
+/// Of all movies that play at one time, counting the pictures of the movie and those that it is shown as; with the
+/// backgrounds of themes.
 constexpr std::int64_t kMostPixelsAtOnce = std::int64_t{256} << 20;
 constexpr int kMostMoviesAtOnce = 64;
 /// Streams of a movie file.
@@ -23,6 +24,10 @@ constexpr std::chrono::seconds kLongestOpening{60};
 /// Video items of an infile, with those of the infiles in it; different movies.
 constexpr std::size_t kMostClips = 10'000;
 constexpr std::size_t kMostMovies = 256;
+/// Items of an infile, with those of the infiles in it and the places of its themes; the texts of all of them. A theme
+/// can show one infile in many places.
+constexpr std::size_t kMostItems = 100'000;
+constexpr std::size_t kMostBytesInAll = std::size_t{32} << 20;
 /// Infiles within one another.
 constexpr int kDeepestInfile = 8;
 /// A theme description.

@@ -65,9 +65,18 @@ void CMovieStore::GiveBack(std::unique_ptr<CMovieFile> movie) {
 void CMovieStore::Enter(std::int64_t pixels) {
   const std::lock_guard lock(mutex_);
   if (playing_ >= kMostMoviesAtOnce) throw CFailure(Fault::limit, "At most 64 movies play at one time");
+  TakeRoomLocked(pixels);
+  ++playing_;
+}
+
+void CMovieStore::TakeRoom(std::int64_t pixels) {
+  const std::lock_guard lock(mutex_);
+  TakeRoomLocked(pixels);
+}
+
+void CMovieStore::TakeRoomLocked(std::int64_t pixels) {
   if (pixels > kMostPixelsAtOnce - pixels_)
     throw CFailure(Fault::limit, "Movies that play at one time may have at most 256 megapixels");
-  ++playing_;
   pixels_ += pixels;
 }
 

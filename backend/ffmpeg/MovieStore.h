@@ -27,8 +27,12 @@ public:
   /// Asks for room to play pictures of so many pixels. Throws CFailure if there is none; else Leave gives it back.
   void Enter(std::int64_t pixels);
   void Leave(std::int64_t pixels);
+  /// For what stays as long as the store does. Throws CFailure.
+  void TakeRoom(std::int64_t pixels);
 
 private:
+  void TakeRoomLocked(std::int64_t pixels);
+
   const std::atomic<bool>& closed_;
   std::mutex mutex_;
   std::map<std::string, CMovieFacts> facts_;

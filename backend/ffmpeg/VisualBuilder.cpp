@@ -72,6 +72,7 @@ std::unique_ptr<IVisual> From(std::unique_ptr<IVisual> visual, double begin) {
 
 std::unique_ptr<IVisual> CVisualBuilder::Build(std::string_view infileText) {
   if (depth_ >= kDeepestInfile) throw CFailure(Fault::limit, "Infiles may lie at most 8 deep in one another");
+  CountText(infileText.size());
   const auto infile = infilexml::FromText(infileText);
   if (!infile) throw CFailure(Fault::infile, "Not an infile");
   ++depth_;
@@ -82,6 +83,17 @@ std::unique_ptr<IVisual> CVisualBuilder::Build(std::string_view infileText) {
 
 void CVisualBuilder::Skip(const std::string& what) {
   if (skipped_.empty()) skipped_ = what;
+}
+
+void CVisualBuilder::CountItem() {
+  if (++items_ > kMostItems)
+    throw CFailure(Fault::limit, "An infile may have at most 100000 items, with those of the infiles in it");
+}
+
+void CVisualBuilder::CountText(std::size_t bytes) {
+  bytes_ += bytes;
+  if (bytes_ > kMostBytesInAll)
+    throw CFailure(Fault::limit, "The infiles and themes in an infile may have at most 32 MB in all");
 }
 
 std::unique_ptr<CComposition> CVisualBuilder::BuildList(const infilexml::CTracklist& list) {
@@ -100,6 +112,7 @@ std::unique_ptr<CComposition> CVisualBuilder::BuildList(const infilexml::CTrackl
 }
 
 std::unique_ptr<IVisual> CVisualBuilder::BuildItem(const infilexml::CTrackItem& item) {
+  CountItem();
   if (const auto* const video = dynamic_cast<const infilexml::CVideo*>(&item)) return BuildVideo(*video);
   if (const auto* const theme = dynamic_cast<const infilexml::CTheme*>(&item)) return BuildTheme(*theme);
   if (const auto* const list = dynamic_cast<const infilexml::CTracklist*>(&item)) {
@@ -129,12 +142,14 @@ std::unique_ptr<IVisual> CVisualBuilder::BuildClip(const std::string& path, cons
 
 std::unique_ptr<IVisual> CVisualBuilder::BuildTheme(const infilexml::CTheme& theme) {
   const std::string path = LocalPath(theme.src, bases_.themes);
-  const CThemeDescription description = ParseTheme(ReadWhole(path, kMostThemeBytes));
+  const std::string text = ReadWhole(path, kMostThemeBytes);
+  CountText(text.size());
+  const CThemeDescription description = ParseTheme(text);
   const double length = Finite(theme.duration) > 0 ? theme.duration : description.length;
   auto result = std::make_unique<CComposition>(length);
   result->SetSize(description.size);
   if (description.background[3] > 0) {
-    auto field = std::make_unique<CColourField>(description.background);
+    auto field = std::make_unique<CColourField>(store_, description.background);
     leaves_.push_back(field.get());
     result->Add({std::move(field), {}, 0, length, true});
   }
@@ -152,6 +167,7 @@ std::unique_ptr<IVisual> CVisualBuilder::BuildTheme(const infilexml::CTheme& the
 
 /// Null for a place that no movie fills.
 std::unique_ptr<IVisual> CVisualBuilder::BuildPlace(const CThemePlace& place, const infilexml::CTheme& theme) {
+  CountItem();
   const auto movie = MovieOf(place, theme);
   if (!movie) return nullptr;
   const bool isData = movie->src && movie->src->hasScheme() && movie->src->getScheme().equalsIgnoreCase("data");

@@ -45,6 +45,8 @@ private:
   std::unique_ptr<IVisual> BuildPlace(const CThemePlace& place, const infilexml::CTheme& theme);
   std::unique_ptr<IVisual> BuildClip(const std::string& path, const CLook& look, double begin, double length);
   void Skip(const std::string& what);
+  void CountItem();
+  void CountText(std::size_t bytes);
 
   CMovieStore& store_;
   const std::atomic<bool>& closed_;
@@ -52,6 +54,8 @@ private:
   std::vector<ILeaf*> leaves_;
   std::string skipped_;
   int depth_ = 0;
+  std::size_t items_ = 0;
+  std::size_t bytes_ = 0;
 };
 
 }  // namespace vantra::ffmpeg

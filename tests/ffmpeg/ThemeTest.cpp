@@ -146,6 +146,32 @@ TEST(Theme, ThatIsBrokenIsRefused) {
   EXPECT_EQ(LastCode(), 5);
 }
 
+/// What a theme of a thousand places shows in each of them.
+void ExpectTooMuch(const std::string& name, const std::string& innermost, int depth, const char* limit) {
+  std::string places;
+  for (int place = 0; place < 1000; ++place) places += "<place number=\"1\"/>";
+  const std::string theme = Theme(name, "width=\"1280\" height=\"720\"", places);
+  std::string infile = innermost;
+  for (; depth > 0; --depth) infile = InfileWith(UriOf(theme), DataEntry(infile, "a"));
+  EXPECT_FALSE(Open(infile));
+  EXPECT_EQ(LastCode(), 7);
+  EXPECT_THAT(LastText(), HasSubstr(limit));
+}
+
+TEST(Theme, MultipliesNoItemsBeyondTheLimit) {
+  ExpectTooMuch("many-empty.xml", "<infile/>", 4, "100000 items");
+  ExpectTooMuch("many-lists.xml", Infile(Track("<videotracklist/>")), 3, "100000 items");
+}
+
+TEST(Theme, MultipliesNoTextBeyondTheLimit) {
+  ExpectTooMuch("many-texts.xml", "<infile id=\"" + std::string(1'000'000, 'a') + "\"/>", 1, "32 MB");
+}
+
+TEST(Theme, MultipliesNoBackgroundsBeyondTheLimit) {
+  const std::string ground = Theme("many-ground.xml", "width=\"1280\" height=\"720\" background=\"#204060\"", "");
+  ExpectTooMuch("many-grounds.xml", InfileWith(UriOf(ground), ""), 1, "256 megapixels");
+}
+
 TEST(Theme, EndsWhereItLiesWithinItselfTooOften) {
   const std::string theme = Theme("deep.xml", "width=\"16\" height=\"16\"", "<place number=\"1\"/>");
   std::string infile = InfileOf(Numbers());
