@@ -22,7 +22,9 @@ CDecodeAhead::CDecodeAhead(CMovieStore& store, const std::atomic<bool>& closed, 
                            const CLook& look, int width, int height)
     : store_(store), closed_(closed), path_(path), maker_(look, width, height) {
   const CMovieFacts& facts = store.GetFacts(path);
-  pixels_ = std::int64_t{width} * height * kPicturesInUse + std::int64_t{facts.width} * facts.height;
+  const CPixelBox turned = ScaledBeforeRest(facts, look, width, height);
+  pixels_ = std::int64_t{turned.width} * turned.height + std::int64_t{width} * height * kPicturesInUse +
+            std::int64_t{facts.width} * facts.height;
   isShrunk_ = std::int64_t{width} * height * 4 <= std::int64_t{facts.width} * facts.height;
   store_.Enter(pixels_);
   try {

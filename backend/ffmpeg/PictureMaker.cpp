@@ -59,6 +59,18 @@ CSize SizeOf(const CMovieFacts& facts, const CLook& look) {
   return SizeOfTurned(SizeBeforeRest(facts, look), look.GetRest());
 }
 
+CPixelBox ScaledBeforeRest(const CMovieFacts& facts, const CLook& look, int width, int height) {
+  if (look.GetRest() == 0) return {};
+  const CSize size = SizeBeforeRest(facts, look);
+  const CSize turned = SizeOfTurned(size, look.GetRest());
+  constexpr double kFewPixels = 1 << 20;
+  const double most = std::max(4.0 * width * height, kFewPixels);
+  const double scale =
+      std::min(std::max(width / turned.width, height / turned.height), std::sqrt(most / (size.width * size.height)));
+  const auto side = [&](double length) { return std::clamp(RoundToPixel(length * scale), 1, kMostPixelsWideOrHigh); };
+  return {0, 0, side(size.width), side(size.height)};
+}
+
 CSharedPicture CPictureMaker::Make(const AVFrame& frame, const CMovieFacts& facts) {
   const AVFrame* const seen = look_.clip ? Clip(frame, facts) : &frame;
   if (!seen) return nullptr;
@@ -71,15 +83,12 @@ CSharedPicture CPictureMaker::Make(const AVFrame& frame, const CMovieFacts& fact
     Bring(*seen, orientation, *picture);
     return picture;
   }
-  const CSize size = SizeBeforeRest(facts, look_);
   if (!beforeRest_) {
-    const CSize turned = SizeOfTurned(size, rest);
-    const double scale = std::max(width_ / turned.width, height_ / turned.height);
-    const CPixelBox scaled = ToPixels({0, 0, size.width * scale, size.height * scale});
-    beforeRest_.emplace(std::min(scaled.width, kMostPixelsWideOrHigh), std::min(scaled.height, kMostPixelsWideOrHigh));
+    const CPixelBox scaled = ScaledBeforeRest(facts, look_, width_, height_);
+    beforeRest_.emplace(scaled.width, scaled.height);
   }
   Bring(*seen, orientation, *beforeRest_);
-  RotateInto(*picture, *beforeRest_, rest, size);
+  RotateInto(*picture, *beforeRest_, rest, SizeBeforeRest(facts, look_));
   return picture;
 }
 

@@ -1,5 +1,7 @@
 #include "tests/ffmpeg/Sequence.h"
 
+#include <sys/resource.h>
+
 using namespace vantra;
 
 namespace {
@@ -28,6 +30,13 @@ void ExpectCorners(IAnimationExtractor& extractor, const CColour& a, const CColo
   EXPECT_PRED3(IsNear, PixelAt(extractor, right, 5), b, tolerance);
   EXPECT_PRED3(IsNear, PixelAt(extractor, 5, lower), c, tolerance);
   EXPECT_PRED3(IsNear, PixelAt(extractor, right, lower), d, tolerance);
+}
+
+/// That the process has ever had, in KB.
+long MostMemory() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
 }
 
 void ExpectSize(IAnimationExtractor& extractor, int width, int height) {
@@ -130,6 +139,16 @@ TEST(Picture, IsTurnedByAnyAngleInTheBoxAroundIt) {
   EXPECT_PRED3(IsNear, PixelAt(*extractor, 89 + 45, 74 + 3), kGreen, 2);
   EXPECT_PRED3(IsNear, PixelAt(*extractor, 89 - 45, 74 - 3), kBlue, 2);
   EXPECT_PRED3(IsNear, PixelAt(*extractor, 89 + 25, 74 + 37), kWhite, 2);
+}
+
+TEST(Picture, ThatIsTurnedAndStretchedTakesNoMoreThanCanBeSeen) {
+  const long before = MostMemory();
+  const std::string infile =
+      Infile(Track(Video(QuartersPicture(), "rotation=\"45\""), "x=\"0\" width=\"16000\" height=\"2\""));
+  const auto extractor = Play(infile);
+  ExpectSize(*extractor, 16000, 2);
+  EXPECT_PRED3(IsNear, PixelAt(*extractor, 5333, 0), kRed, 40);
+  EXPECT_LT(MostMemory() - before, 100'000) << "KB";
 }
 
 TEST(Picture, LiesAsItsFileSays) {
