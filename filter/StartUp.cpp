@@ -1,5 +1,6 @@
 #include "filter/StartUp.h"
 
+#include "authed/data/GraphicElementFactory.h"
 #include "graphics/animation/GraphicElementAnimationFactory.h"
 #include "graphics/elements/Elements.h"
 #include "graphics/model/ElementFactory.h"
@@ -18,6 +19,7 @@ struct CStartUp {
     wxInitAllImageHandlers();
     graphics::RegisterElements();
     graphics::RegisterFactory(orlo::makeObject<graphics::animation::CGraphicElementAnimationFactory>());
+    graphics::RegisterFactory(orlo::makeObject<authed::data::CGraphicElementFactory>());
     graphics::RegisterFactory(orlo::makeObject<graphics::skin::CGraphicElementSkinFactory>());
   }
 };

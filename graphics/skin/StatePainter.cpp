@@ -72,6 +72,8 @@ void CStatePainter::PaintPictures(const CState& state, CPaintContext& context, T
   matrix.Translate(pixels.left, pixels.top);
   matrix.Scale(pixels.width / size.x, pixels.height / size.y);
   target.PushState();
+  // A bitmap would have ended here.
+  target.Clip(pixels.left, pixels.top, pixels.width, pixels.height);
   target.SetTransform(matrix);
   PaintLayers(state, kPictureLayers, scaled, target, RectOf(size), sources);
   target.PopState();

@@ -259,6 +259,18 @@ TEST_F(ActionButtonPaint, ShowsALargeButtonAsItShowsASmallOne) {
   }
 }
 
+TEST_F(ActionButtonPaint, EndsAtItsFrameWhateverReachesOutOfIt) {
+  AddLayer(*skin_)->contentMargins.leftFactor = -0.5;
+  for (const double scale : {1.0, 0.1}) {
+    CPage page(60, 40);
+    page.context.matrix = CMatrix::Scale(scale, scale);
+    Place(*button_, {20 / scale, 10 / scale, 20 / scale, 20 / scale});
+    button_->Paint(page.context);
+    EXPECT_TRUE(wxRect(20, 10, 21, 21).Contains(page.Ink().bounds)) << scale;
+    EXPECT_EQ(page.At(22, 20), kRed) << scale;
+  }
+}
+
 TEST_F(ActionButtonPaint, KeepsTheOrderOfItsLayersInOutputMode1) {
   AddPicture(*skin_, "normal", kBlue);
   AddLayer(*skin_)->contentMargins.left = 10;

@@ -82,8 +82,8 @@ TEST_F(ActionButton, ComesFromItsFactoryByAnyCaseOfItsNameOrByNone) {
     EXPECT_EQ(button->GetLabel(), "SkinButton");
     EXPECT_EQ(button->GetSize(), (CDoubleSize{200, 40}));
   }
-  for (const char* const name : {" ", "authed-state-button", "authed-state-button-action ", "state-button", "skin-button",
-                                 "animation-image"})
+  for (const char* const name :
+       {" ", "authed-state-button", "authed-state-button-action ", "state-button", "skin-button", "animation-image"})
     EXPECT_FALSE(factory.CreateElement(name)) << name;
 }
 
@@ -206,8 +206,8 @@ wxString NodesOf(const wxXmlNode& node) {
 }
 
 TEST_F(ActionButton, WritesAnActionAlwaysAndAnElementIfItHasOne) {
-  EXPECT_TRUE(XmlOf(*button_).Contains(
-      R"(<action page="" type="undefined" movie-id="0" chapter="0" change-page="go-back"/>)"));
+  EXPECT_TRUE(
+      XmlOf(*button_).Contains(R"(<action page="" type="undefined" movie-id="0" chapter="0" change-page="go-back"/>)"));
   EXPECT_FALSE(XmlOf(*button_).Contains("<element><"));
   EXPECT_FALSE(XmlOf(*button_).Contains("<element version"));
 

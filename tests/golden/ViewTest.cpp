@@ -84,20 +84,43 @@ INSTANTIATE_TEST_SUITE_P(View, GoldenView,
                          testing::Combine(testing::ValuesIn(test::pagesOf(GOLDEN_VIEWS)), testing::Values(1, 2, 5)),
                          nameOf);
 
-using GoldenState = testing::TestWithParam<std::string>;
+using PageAndState = std::tuple<std::string, std::string>;
+
+class GoldenState : public testing::TestWithParam<PageAndState> {};
 
 TEST_P(GoldenState, LooksAsItDid) {
+  const auto& [page, state] = GetParam();
   const graphics::CToolkitLock lock;
   authfilter::StartUp();
-  const auto document = readDocument(GOLDEN_STATES "/skin.xml");
+  const auto document = readDocument(GOLDEN_STATES "/" + page + ".xml");
   for (std::size_t index = 0; index < document->GetCount(); ++index)
-    orlo::cast<graphics::skin::CGraphicSkinButton>(document->GetElement(index).get())->SetFixedState(GetParam());
-  test::expectGolden("states/skin." + GetParam(), draw(*document, 0).view());
+    orlo::cast<graphics::skin::CGraphicSkinButton>(document->GetElement(index).get())->SetFixedState(state);
+  test::expectGolden("states/" + page + "." + state, draw(*document, 0).view());
+}
+
+std::string nameOfState(const testing::TestParamInfo<PageAndState>& testCase) {
+  const auto& [page, state] = testCase.param;
+  return test::testNameOf(page) + "_" + state;
 }
 
 // The last one is none that a skin has.
 INSTANTIATE_TEST_SUITE_P(View, GoldenState,
-                         testing::Values("normal", "hover", "hover_low", "down", "disabled", "selected", "sleeping"),
-                         [](const auto& testCase) { return testCase.param; });
+                         testing::Combine(testing::ValuesIn(test::pagesOf(GOLDEN_STATES)),
+                                          testing::Values("normal", "hover", "hover_low", "down", "disabled",
+                                                          "selected", "sleeping")),
+                         nameOfState);
+
+using GoldenHighlight = testing::TestWithParam<int>;
+
+// The author's mouse is over all of them.
+TEST_P(GoldenHighlight, LooksAsItDid) {
+  const graphics::CToolkitLock lock;
+  authfilter::StartUp();
+  const auto document = readDocument(GOLDEN_VIEWS "/action-button.xml");
+  for (std::size_t index = 0; index < document->GetCount(); ++index) document->GetElement(index)->SetFlag1(true);
+  test::expectGolden("views/action-button.highlight" + std::to_string(GetParam()), draw(*document, GetParam()).view());
+}
+
+INSTANTIATE_TEST_SUITE_P(View, GoldenHighlight, testing::Values(1, 2, 5));
 
 }  // namespace
