@@ -1,5 +1,7 @@
 #include "authed/data/GraphicActionButton.h"
 #include "authed/data/GraphicElementFactory.h"
+#include "authed/data/GraphicMovieImage.h"
+#include "authed/data/MovieFile.h"
 #include "foundation/Error.h"
 #include "graphics/animation/Animation.h"
 #include "graphics/animation/GraphicAnimationImage.h"
@@ -63,7 +65,7 @@ TEST_F(ActionButton, IsASkinButtonOfItsOwnName) {
   EXPECT_FALSE(button_->GetElement());
   ASSERT_TRUE(button_->GetAction());
   EXPECT_EQ(button_->GetAction()->GetType(), EActionType::undefined);
-  EXPECT_TRUE(orlo::tryCast<vantra::IElement>(button_));
+  EXPECT_TRUE(orlo::tryCast<graphics::vantra::IElement>(button_));
 
   const auto plain = orlo::makeObject<CGraphicActionButton>();
   EXPECT_FALSE(plain->GetSkin());
@@ -85,6 +87,28 @@ TEST_F(ActionButton, ComesFromItsFactoryByAnyCaseOfItsNameOrByNone) {
   for (const char* const name :
        {" ", "authed-state-button", "authed-state-button-action ", "state-button", "skin-button", "animation-image"})
     EXPECT_FALSE(factory.CreateElement(name)) << name;
+}
+
+TEST_F(ActionButton, HasMovieImagesFromTheSameFactory) {
+  CGraphicElementFactory factory;
+  for (const char* const name : {"movie-image", "Movie-IMAGE"})
+    EXPECT_TRUE(orlo::tryCast<CGraphicMovieImage>(factory.CreateElement(name))) << name;
+  for (const char* const name : {"movie-image ", "movie", "movie-file"})
+    EXPECT_FALSE(factory.CreateElement(name)) << name;
+}
+
+TEST_F(ActionButton, TellsTheTitleOfTheMovieWithin) {
+  const auto image = orlo::makeObject<CGraphicMovieImage>();
+  const auto movie = orlo::makeObject<CMovieFile>();
+  movie->title = "Summer";
+  image->SetMovie(movie);
+  button_->SetElement(image);
+  button_->GetAction()->SetType(EActionType::play);
+  EXPECT_EQ(button_->GetText(), "Summer Play Movie");
+  EXPECT_FALSE(button_->HasAnimation());
+  image->GetMovieAnimation(40, 30);
+  EXPECT_TRUE(button_->HasAnimation());
+  EXPECT_EQ(button_->GetAnimation(), image->GetAnimation());
 }
 
 TEST_F(ActionButton, KeepsTheElementWithinOnItsFrame) {
