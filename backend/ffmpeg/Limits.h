@@ -15,6 +15,8 @@ constexpr std::int64_t kMostPixelsAtOnce = std::int64_t{256} << 20;
 constexpr int kMostMoviesAtOnce = 64;
 /// Streams of a movie file.
 constexpr const char* kMostStreams = "64";
+/// Samples of a movie file that FFmpeg keeps in an index, in all its streams.
+constexpr std::int64_t kMostIndexEntries = 20'000'000;
 /// How much of a movie file is looked at to find out what it is, in bytes.
 constexpr std::int64_t kProbedBytes = 5'000'000;
 /// How long opening a movie may take, or getting its next picture.

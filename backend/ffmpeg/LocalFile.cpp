@@ -3,10 +3,12 @@
 #include "backend/ffmpeg/Failure.h"
 #include "foundation/Pathes.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <memory>
+#include <span>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -23,6 +25,12 @@ int OpenRegular(const std::string& path) {
   if (fstat(file, &facts) == 0 && S_ISREG(facts.st_mode)) return file;
   close(file);
   throw CFailure(Fault::notLocal, "Not a file: " + path);
+}
+
+int ReadAt(int file, std::uint8_t* buffer, int bytes, std::int64_t position) {
+  const ssize_t got = pread(file, buffer, static_cast<std::size_t>(bytes), position);
+  if (got < 0) return AVERROR(errno);
+  return got == 0 ? AVERROR_EOF : static_cast<int>(got);
 }
 
 }  // namespace
@@ -59,21 +67,64 @@ CLocalFile::~CLocalFile() {
 }
 
 int CLocalFile::Read(void* self, std::uint8_t* buffer, int bytes) {
-  const auto& file = *static_cast<CLocalFile*>(self);
+  auto& file = *static_cast<CLocalFile*>(self);
   if (file.watch_.IsOver()) return AVERROR_EXIT;
-  const ssize_t got = read(file.file_, buffer, static_cast<std::size_t>(bytes));
-  if (got < 0) return AVERROR(errno);
-  return got == 0 ? AVERROR_EOF : static_cast<int>(got);
+  const int got = file.guard_ ? file.ReadGuarded(buffer, bytes) : ReadAt(file.file_, buffer, bytes, file.position_);
+  if (got > 0) file.position_ += got;
+  return got;
+}
+
+int CLocalFile::ReadGuarded(std::uint8_t* buffer, int bytes) {
+  const auto isInPiece = [&] {
+    return position_ >= pieceAt_ && position_ < pieceAt_ + static_cast<std::int64_t>(piece_.size());
+  };
+  if (!isInPiece()) {
+    piece_.resize(kBufferBytes);
+    const int got = ReadAt(file_, piece_.data(), kBufferBytes, position_);
+    piece_.resize(static_cast<std::size_t>(std::max(got, 0)));
+    pieceAt_ = position_;
+    if (got <= 0) return got;
+  }
+  const auto behind = std::span(piece_).subspan(static_cast<std::size_t>(position_ - pieceAt_));
+  const auto next = behind.first(std::min(behind.size(), static_cast<std::size_t>(std::min(bytes, guard_->kStep))));
+  if (!guard_->MayRead(next)) return AVERROR(ENOMEM);
+  std::copy(next.begin(), next.end(), buffer);
+  return static_cast<int>(next.size());
+}
+
+void CLocalFile::Guard(const AVFormatContext& format) {
+  guard_.emplace(format, GetSize());
+}
+
+void CLocalFile::EndHeader() {
+  guard_->EndHeader();
+  if (!guard_->IsNeeded()) guard_.reset();
+}
+
+std::int64_t CLocalFile::GetSize() const {
+  struct stat facts {};
+  return fstat(file_, &facts) == 0 ? facts.st_size : AVERROR(errno);
 }
 
 std::int64_t CLocalFile::Seek(void* self, std::int64_t offset, int whence) {
-  const auto& file = *static_cast<CLocalFile*>(self);
-  if (whence == AVSEEK_SIZE) {
-    struct stat facts {};
-    return fstat(file.file_, &facts) == 0 ? facts.st_size : AVERROR(errno);
+  auto& file = *static_cast<CLocalFile*>(self);
+  if (whence == AVSEEK_SIZE) return file.GetSize();
+  std::int64_t from = 0;
+  switch (whence & ~AVSEEK_FORCE) {
+    case SEEK_SET:
+      break;
+    case SEEK_CUR:
+      from = file.position_;
+      break;
+    case SEEK_END:
+      from = file.GetSize();
+      break;
+    default:
+      return AVERROR(EINVAL);
   }
-  const off_t at = lseek(file.file_, offset, whence & ~AVSEEK_FORCE);
-  return at < 0 ? AVERROR(errno) : at;
+  std::int64_t place = 0;
+  if (from < 0 || __builtin_add_overflow(from, offset, &place) || place < 0) return AVERROR(EINVAL);
+  return file.position_ = place;
 }
 
 std::string ReadWhole(const std::string& path, std::size_t mostBytes) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "backend/ffmpeg/Handles.h"
+#include "backend/ffmpeg/HeaderGuard.h"
 #include "backend/ffmpeg/Watch.h"
 #include "foundation/Pointer.h"
 #include "foundation/URI.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace vantra::ffmpeg {
 
@@ -23,13 +27,25 @@ public:
   CLocalFile& operator=(const CLocalFile&) = delete;
 
   AVIOContext* GetIO() const { return io_.get(); }
+  /// What FFmpeg reads of the file goes by the guard, until the header has been read; and longer if the guard wants it.
+  /// The format lives as long as the file.
+  void Guard(const AVFormatContext& format);
+  void EndHeader();
 
 private:
   static int Read(void* self, std::uint8_t* buffer, int bytes);
   static std::int64_t Seek(void* self, std::int64_t offset, int whence);
 
+  std::int64_t GetSize() const;
+  int ReadGuarded(std::uint8_t* buffer, int bytes);
+
   const CWatch& watch_;
   int file_;
+  std::int64_t position_ = 0;
+  std::optional<CHeaderGuard> guard_;
+  /// Read in larger pieces than the guard gives away.
+  std::vector<std::uint8_t> piece_;
+  std::int64_t pieceAt_ = 0;
   CHandle<AVIOContext> io_;
 };
 

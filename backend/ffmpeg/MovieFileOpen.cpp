@@ -11,6 +11,7 @@ extern "C" {
 #include <iterator>
 #include <limits>
 #include <string_view>
+#include <vector>
 
 namespace vantra::ffmpeg {
 
@@ -71,6 +72,21 @@ COrientation UprightOf(const AVStream& stream, const AVFrame& frame) {
   return OrientationOf(matrix);
 }
 
+/// The decoders that look into the streams keep to the limits, too.
+int FindStreams(AVFormatContext& format) {
+  const unsigned count = format.nb_streams;
+  const CHandle<AVDictionary> limits = [] {
+    AVDictionary* options = nullptr;
+    av_dict_set_int(&options, "max_pixels", kMostPixels, 0);
+    return CHandle<AVDictionary>(options);
+  }();
+  std::vector<AVDictionary*> options(count);
+  for (AVDictionary*& one : options) av_dict_copy(&one, limits.get(), 0);
+  const int found = avformat_find_stream_info(&format, options.data());
+  for (AVDictionary*& one : options) av_dict_free(&one);
+  return found;
+}
+
 }  // namespace
 
 void CMovieFile::Open() {
@@ -88,6 +104,7 @@ void CMovieFile::Open() {
   av_dict_set(&given, "protocol_whitelist", "file", 0);
   av_dict_set(&given, "format_whitelist", kFormats, 0);
   av_dict_set(&given, "max_streams", kMostStreams, 0);
+  file_->Guard(*format);
   const int opened = avformat_open_input(&format, "", nullptr, &given);
   const CHandle<AVDictionary> options(given);
   if (opened < 0) {
@@ -95,7 +112,8 @@ void CMovieFile::Open() {
     Fail(path_, opened);
   }
   format_.reset(format);
-  if (const int found = avformat_find_stream_info(format, nullptr); found < 0) {
+  file_->EndHeader();
+  if (const int found = FindStreams(*format); found < 0) {
     watch_.Check();
     Fail(path_, found);
   }

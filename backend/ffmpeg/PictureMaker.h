@@ -26,8 +26,8 @@ struct CLook {
 CSize SizeBeforeRest(const CMovieFacts& facts, const CLook& look);
 CSize SizeOf(const CMovieFacts& facts, const CLook& look);
 
-/// Of the picture that is turned by what is no quarter turn, for a target of that size; empty if nothing is. A target of
-/// other proportions gets no more than what can be seen of it.
+/// Of the picture that is turned by what is no quarter turn, for a target of that size; empty if nothing is. A target
+/// of other proportions gets no more than what can be seen of it.
 CPixelBox ScaledBeforeRest(const CMovieFacts& facts, const CLook& look, int width, int height);
 
 /// Scales decoded pictures straight to what is shown.

@@ -1,6 +1,5 @@
+#include "tests/ffmpeg/Memory.h"
 #include "tests/ffmpeg/Sequence.h"
-
-#include <sys/resource.h>
 
 using namespace vantra;
 
@@ -30,13 +29,6 @@ void ExpectCorners(IAnimationExtractor& extractor, const CColour& a, const CColo
   EXPECT_PRED3(IsNear, PixelAt(extractor, right, 5), b, tolerance);
   EXPECT_PRED3(IsNear, PixelAt(extractor, 5, lower), c, tolerance);
   EXPECT_PRED3(IsNear, PixelAt(extractor, right, lower), d, tolerance);
-}
-
-/// That the process has ever had, in KB.
-long MostMemory() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return usage.ru_maxrss;
 }
 
 void ExpectSize(IAnimationExtractor& extractor, int width, int height) {
