@@ -74,6 +74,14 @@ void onEntity(void* userData, const xmlChar* name, int, const xmlChar*, const xm
                           "entities are not allowed: '" + std::string(reinterpret_cast<const char*>(name)) + "'");
 }
 
+void onAttribute(void* userData, const xmlChar*, const xmlChar* name, int, int, const xmlChar*,
+                 xmlEnumerationPtr values) {
+  auto& context = *static_cast<xmlParserCtxt*>(userData);
+  xmlFreeEnumeration(values);
+  readingOf(context).stop(context,
+                          "attributes cannot be declared: '" + std::string(reinterpret_cast<const char*>(name)) + "'");
+}
+
 void onStart(void* userData, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri, int namespaceCount,
              const xmlChar** namespaces, int count, int defaulted, const xmlChar** attributes) {
   auto& context = *static_cast<xmlParserCtxt*>(userData);
@@ -142,6 +150,7 @@ Context prepared(Context context, Reading& reading) {
   context->_private = &reading;
   context->sax->serror = onError;
   context->sax->entityDecl = onEntity;
+  context->sax->attributeDecl = onAttribute;
   context->sax->startElementNs = onStart;
   return context;
 }

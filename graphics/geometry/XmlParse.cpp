@@ -45,6 +45,9 @@ public:
     XML_SetEntityDeclHandler(
         parser_, [](void* self, const XML_Char*, int, const XML_Char*, int, const XML_Char*, const XML_Char*,
                     const XML_Char*, const XML_Char*) { Self(self).Stop("entities are not allowed"); });
+    // A value that an element has by default stands in the text once, and in the tree as often as the element.
+    XML_SetAttlistDeclHandler(parser_, [](void* self, const XML_Char*, const XML_Char*, const XML_Char*,
+                                          const XML_Char*, int) { Self(self).Stop("attributes cannot be declared"); });
     XML_SetUnknownEncodingHandler(parser_, &CTreeBuilder::FindEncoding, nullptr);
   }
   ~CTreeBuilder() { XML_ParserFree(parser_); }

@@ -9,7 +9,7 @@
 namespace graphics::xml {
 
 /// What a document may have. Trees are walked and freed by recursion, so that their depth must be bounded. Entities of
-/// its own it may never have.
+/// its own it may never have, nor attributes that it gives elements by default.
 struct CParseLimits {
   int depth;
   int elements;

@@ -120,6 +120,13 @@ TEST(XmlParse, RefusesEntitiesThatTheDocumentDeclares) {
   EXPECT_TRUE(parsed.beyondLimit);
 }
 
+TEST(XmlParse, RefusesAttributesThatTheDocumentDeclares) {
+  const CParsed parsed = ParseText("<!DOCTYPE a [\n<!ATTLIST a x CDATA 'long'>]><a/>");
+  EXPECT_EQ(parsed.document, nullptr);
+  EXPECT_EQ(parsed.problem, "line 2: attributes cannot be declared");
+  EXPECT_TRUE(parsed.beyondLimit);
+}
+
 TEST(XmlParse, TakesLargeTextsAndManyAttributesInOneGo) {
   std::string text = "<a";
   for (int i = 0; i < 20'000; ++i) text += " x" + std::to_string(i) + "='1'";

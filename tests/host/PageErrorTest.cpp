@@ -77,6 +77,11 @@ TEST(PageError, RefusesEntities) {
             "page.xml:1: entities are not allowed: 'a'\n");
 }
 
+TEST(PageError, RefusesAttributesThatThePageDeclares) {
+  EXPECT_EQ(errorOf("<!DOCTYPE p [\n<!ATTLIST q a CDATA \"aaaa\">\n]><p><q/></p>"),
+            "page.xml:2: attributes cannot be declared: 'a'\n");
+}
+
 TEST(PageError, NamesAPageWithoutSize) {
   const std::string noSize = "the page has no size: neither a content-box nor elements give it one\n";
   EXPECT_EQ(errorOf("\n<page/>"), "page.xml:2: " + noSize);
