@@ -3,8 +3,10 @@
 #include "authed/data/MovieFile.h"
 #include "authed/data/PathManager.h"
 #include "authed/data/RepeatedInfile.h"
+#include "backend/infilexml/InfileText.h"
 #include "backend/infilexml/Theme.h"
 #include "foundation/Cast.h"
+#include "foundation/Error.h"
 #include "foundation/NumberText.h"
 #include "foundation/StringLocalizer.h"
 #include "foundation/URIEscape.h"
@@ -18,6 +20,8 @@
 #include <wx/filename.h>
 #include <wx/log.h>
 #include <wx/wfstream.h>
+
+#include <map>
 
 namespace authed::data {
 
@@ -49,21 +53,64 @@ double ReadLength(const wxFileName& description) {
   return length;
 }
 
-/// A movie that is a description itself stands in the theme with its text.
-orlo::PC<orlo::IURI> SourceOf(const CMovie& movie, double frameRate, double length) {
-  if (const auto* const file = dynamic_cast<const CMovieFile*>(&movie)) return UriOf(file->filename);
-  const orlo::P<CInfile> infile = movie.BuildInfile(frameRate, length);
-  if (!infile) return nullptr;
-  const orlo::String text = orlo::uriEscape(orlo::fromUTF8(ToText(*infile)), L"");
-  return orlo::makeObject<orlo::CURI>("data", orlo::String("text/xml,") + text);
-}
+/// Describes a theme and the themes in it. A movie that is shown many times is described once.
+class CThemeWriter {
+public:
+  CThemeWriter(double frameRate, double length) : frameRate_(frameRate), length_(length) {}
 
-orlo::P<vantra::infilexml::CMovie> EntryOf(const CMovie& movie, double frameRate, double length) {
-  auto entry = orlo::makeObject<vantra::infilexml::CMovie>();
-  entry->infileId = orlo::String("movie") + orlo::intToString(movie.id);
-  entry->src = SourceOf(movie, frameRate, length);
-  return entry;
-}
+  orlo::P<CInfile> InfileOf(const CMovieTheme& theme) {
+    sources_.try_emplace(&theme);
+    auto item = orlo::makeObject<CTheme>();
+    item->duration = length_;
+    item->src = UriOf(DescriptionOf(theme.GetSrc()));
+    for (std::size_t index = 0; index < theme.GetMovieCount(); ++index) item->AddMovie(EntryOf(*theme.GetMovie(index)));
+    item->SetId("movie0");
+
+    auto infile = orlo::makeObject<CInfile>();
+    auto track = orlo::makeObject<CTrack>(0);
+    track->duration = length_;
+    track->item = item;
+    infile->GetVideoTracklist()->AddTrack(track);
+    infile->GetVideoTracklist()->SetDuration(length_);
+    AddSilence(*infile, length_);
+    return infile;
+  }
+
+private:
+  struct CSource {
+    orlo::PC<orlo::IURI> uri;
+    std::size_t bytes = 0;
+  };
+
+  orlo::P<vantra::infilexml::CMovie> EntryOf(const CMovie& movie) {
+    // Null for a theme that shows itself.
+    const auto [source, isNew] = sources_.try_emplace(&movie);
+    if (isNew) source->second = SourceOf(movie);
+    bytes_ += source->second.bytes;
+    if (bytes_ > vantra::infilexml::kMostTextBytes)
+      throw orlo::CError("The movies of a theme may have at most 16 MB of text");
+    auto entry = orlo::makeObject<vantra::infilexml::CMovie>();
+    entry->infileId = orlo::String("movie") + orlo::intToString(movie.id);
+    entry->src = source->second.uri;
+    return entry;
+  }
+
+  /// A movie that is a description itself stands in the theme with its text.
+  CSource SourceOf(const CMovie& movie) {
+    if (const auto* const file = dynamic_cast<const CMovieFile*>(&movie)) return {UriOf(file->filename)};
+    const auto* const theme = dynamic_cast<const CMovieTheme*>(&movie);
+    const orlo::P<CInfile> infile = theme ? InfileOf(*theme) : movie.BuildInfile(frameRate_, length_);
+    if (!infile) return {};
+    const std::string text = ToText(*infile);
+    const orlo::String escaped = orlo::uriEscape(orlo::fromUTF8(text), L"");
+    return {orlo::makeObject<orlo::CURI>("data", orlo::String("text/xml,") + escaped), text.size()};
+  }
+
+  double frameRate_;
+  double length_;
+  std::map<const CMovie*, CSource> sources_;
+  std::size_t bytes_ = 0;
+};
 
 }  // namespace
 
@@ -111,20 +158,7 @@ orlo::P<CInfile> CMovieTheme::CreateInfile(double frameRate) const {
 }
 
 orlo::P<CInfile> CMovieTheme::BuildInfile(double frameRate, double length) const {
-  auto theme = orlo::makeObject<CTheme>();
-  theme->duration = length;
-  theme->src = UriOf(DescriptionOf(src_));
-  for (const auto& movie : movies_) theme->AddMovie(EntryOf(*movie, frameRate, length));
-  theme->SetId("movie0");
-
-  auto infile = orlo::makeObject<CInfile>();
-  auto track = orlo::makeObject<CTrack>(0);
-  track->duration = length;
-  track->item = theme;
-  infile->GetVideoTracklist()->AddTrack(track);
-  infile->GetVideoTracklist()->SetDuration(length);
-  AddSilence(*infile, length);
-  return infile;
+  return CThemeWriter(frameRate, length).InfileOf(*this);
 }
 
 orlo::P<CInfile> CMovieTheme::CreateThumbnailInfile(CThumbnailRequest& request) const {

@@ -20,6 +20,7 @@ public:
   /// Shares the movies.
   void Assign(const CMovie& other) override;
   EMovieType GetMovieType() const override { return EMovieType::theme; }
+  /// Throws orlo::CError if the descriptions of the movies have more than 16 MB.
   orlo::P<vantra::infilexml::CInfile> BuildInfile(double frameRate, double length) const override;
   orlo::P<vantra::infilexml::CInfile> CreateInfile(double frameRate) const override;
   /// As high as the aspect ratio makes it.

@@ -1,5 +1,6 @@
 #include "authed/data/Editable.h"
 #include "authed/data/MovieFile.h"
+#include "authed/data/MovieTheme.h"
 #include "backend/infilexml/Audio.h"
 #include "backend/infilexml/Filter.h"
 #include "backend/infilexml/Theme.h"
@@ -191,6 +192,35 @@ TEST_F(MovieInfile, IsNotRepeatedBeyondMeasure) {
   EXPECT_EQ(refusalOf(*Edited(pictures), 10), "An infile may have at most 200000 elements");
   const auto wordy = Edited("<!--" + wxString('x', 10'000'000) + "--><track duration=\"0.001\"/>");
   EXPECT_EQ(refusalOf(*wordy, 10), "A movie may be repeated at most for 64 MB of its text");
+}
+
+orlo::P<CMovieTheme> ThemeOf(const orlo::P<CMovie>& movie, int times) {
+  auto theme = orlo::makeObject<CMovieTheme>();
+  theme->duration = 10;
+  for (int i = 0; i < times; ++i) theme->AddMovie(movie);
+  return theme;
+}
+
+TEST_F(MovieInfile, OfAThemeDescribesAMovieThatItShowsTwiceOnce) {
+  const auto wordy = Edited("<!--" + wxString('x', 10'000'000) + "--><track duration=\"10\"/>");
+  const auto infile = ThemeOf(wordy, 10'000)->CreateInfile(25);
+  const auto* const theme = orlo::cast<CTheme>(infile->GetVideoTracklist()->GetTrack(0)->item);
+  ASSERT_EQ(theme->GetMovieCount(), 10'000U);
+  EXPECT_EQ(theme->GetMovie(0)->src, theme->GetMovie(9'999)->src);
+}
+
+TEST_F(MovieInfile, OfThemesWithinThemesIsBounded) {
+  orlo::P<CMovie> theme = TenSeconds();
+  for (int depth = 0; depth < 20; ++depth) theme = ThemeOf(theme, 2);
+  EXPECT_EQ(refusalOf(*theme, 10), "The movies of a theme may have at most 16 MB of text");
+}
+
+TEST_F(MovieInfile, OfAThemeThatShowsItselfComesToAnEnd) {
+  const auto theme = ThemeOf(TenSeconds(), 1);
+  theme->AddMovie(theme);
+  const auto infile = theme->CreateInfile(25);
+  EXPECT_FALSE(orlo::cast<CTheme>(infile->GetVideoTracklist()->GetTrack(0)->item)->GetMovie(1)->src);
+  theme->Assign(*orlo::makeObject<CMovieTheme>());
 }
 
 TEST_F(MovieInfile, OfAMillionPicturesIsAnError) {
