@@ -29,7 +29,6 @@ wxThread::ExitCode CAnimationExtractorThread::Entry() {
     static_cast<void>(CError::OfCurrent());
     extractor_->Clear();
   }
-  Leave();
   return nullptr;
 }
 

@@ -90,8 +90,8 @@ bool CMovieAnimation::StartExtraction(std::int64_t frameRateNum, std::int64_t fr
     if (settings_.startTime > 0) backend->Seek(settings_.startTime, CMovieExtractor::kSeekToFrame);
     backend->Start();
     const bool isThere = backend->Advance();
-    if (!Take(extractor, nullptr)) return false;
     extractor->AnswerToThisThread();
+    if (!Take(extractor, nullptr)) return false;
     if (isThere) CopyFrame(*extractor);
     return true;
   });
@@ -256,9 +256,8 @@ orlo::P<CMovieExtractor> CMovieAnimation::Prepare(const CFolders& folders, const
   params.themeDir = request->themeDir.c_str();
   params.width = settings_.width;
   params.height = settings_.height;
-  const orlo::CMutexLock guard(lock_);
   // Who says how large the pictures are to be knows what for.
-  if (params.width <= 0 && params.height <= 0) params.maxWidth = maxWidth_;
+  if (params.width <= 0 && params.height <= 0) params.maxWidth = GetMaxWidth();
   ResolveShaders(*infile_, folders.filters);
   return orlo::makeObject<CMovieExtractor>(*infile_, request);
 }
@@ -281,6 +280,11 @@ bool CMovieAnimation::Take(const orlo::P<CMovieExtractor>& extractor, const orlo
   if (hasPicture_) ++pictureNumber_;
   hasPicture_ = false;
   return true;
+}
+
+std::int32_t CMovieAnimation::GetMaxWidth() const {
+  const orlo::CMutexLock guard(lock_);
+  return maxWidth_;
 }
 
 const wxBitmap* CMovieAnimation::GetCurrentFrame() const {
@@ -320,8 +324,7 @@ void CMovieAnimation::Paint(TEffectGraphicsContext& context, const CDoubleRect& 
 }
 
 void CMovieAnimation::WriteToXml(wxXmlNode& node, IResourceOutputStore& /*store*/) const {
-  const orlo::CMutexLock guard(lock_);
-  xml::WriteInt(node, kMaxWidth, maxWidth_);
+  xml::WriteInt(node, kMaxWidth, GetMaxWidth());
 }
 
 void CMovieAnimation::ReadFromXml(const wxXmlNode& node, IResourceInputStore& /*store*/) {

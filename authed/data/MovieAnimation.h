@@ -124,6 +124,7 @@ private:
   void CopyFrame(CMovieExtractor& extractor);
   std::int32_t Ask(std::int32_t (vantra::IAnimationExtractor::*operation)()) const;
   void ForgetTimes();
+  std::int32_t GetMaxWidth() const;
 
   const orlo::P<vantra::infilexml::CInfile> infile_;
   const orlo::P<orlo::IMutex> lock_ = orlo::getMutexFactory()->createMutex();

@@ -1,5 +1,7 @@
 #include "authed/data/WorkerThread.h"
 
+#include <wx/log.h>
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -13,27 +15,25 @@ namespace {
 /// The threads of the process.
 class CThreads {
 public:
-  void Enter(CWorkerThread* thread) {
+  void Add(CWorkerThread* thread) {
     const std::lock_guard guard(lock_);
     running_.push_back(thread);
+    ++count_;
   }
-  void Leave(CWorkerThread* thread) {
+  /// Nobody stops it any more.
+  void Remove(CWorkerThread* thread) {
     const std::lock_guard guard(lock_);
-    running_.erase(std::remove(running_.begin(), running_.end(), thread), running_.end());
+    running_.erase(std::find(running_.begin(), running_.end(), thread));
+  }
+  void CountOut() {
+    const std::lock_guard guard(lock_);
+    if (--count_ == 0) none_.notify_all();
   }
   void StopAll() {
     const std::lock_guard guard(lock_);
     for (CWorkerThread* const thread : running_) thread->RequestStop();
   }
 
-  void CountIn() {
-    const std::lock_guard guard(lock_);
-    ++count_;
-  }
-  void CountOut() {
-    const std::lock_guard guard(lock_);
-    if (--count_ == 0) none_.notify_all();
-  }
   std::size_t GetCount() {
     const std::lock_guard guard(lock_);
     return count_;
@@ -62,35 +62,48 @@ struct CEndOfProcess {
   CThreads& threads;
 };
 
-/// Known from the first thread on, so that the end of the process is noticed here before it is where the things are
-/// that the threads were made with. Threads that nothing stops may come by ever after.
+/// What the toolkit notes of each thread, it notes in something that is made for the first one.
+bool MakeNotesOfThreads() {
+  wxLog::SetThreadActiveTarget(wxLog::SetThreadActiveTarget(nullptr));
+  return true;
+}
+
+/// The end of the process comes by here before it is where the things are that threads need, since those have been
+/// made before. Threads that nothing stops may come by ever after.
 CThreads& Threads() {
   static auto* const threads = new CThreads;
+  static const bool areNoted = MakeNotesOfThreads();
   static const CEndOfProcess end(*threads);
+  static_cast<void>(areNoted);
   return *threads;
 }
+
+/// Ends with its thread, after all that the toolkit does there.
+struct CCountedOut {
+  CCountedOut() = default;
+  CCountedOut(const CCountedOut&) = delete;
+  CCountedOut& operator=(const CCountedOut&) = delete;
+  ~CCountedOut() { Threads().CountOut(); }
+};
 
 }  // namespace
 
 CWorkerThread::CWorkerThread(const orlo::P<orlo::ISignal>& stopRequest)
-    : wxThread(wxTHREAD_DETACHED), stopRequest_(stopRequest) {
-  Threads().CountIn();
-}
-
-CWorkerThread::~CWorkerThread() {
-  Threads().CountOut();
-}
+    : wxThread(wxTHREAD_DETACHED), stopRequest_(stopRequest) {}
 
 bool CWorkerThread::Start(std::unique_ptr<CWorkerThread>& thread) {
   if (thread->Create() != wxTHREAD_NO_ERROR) return false;
-  Threads().Enter(thread.get());
+  Threads().Add(thread.get());
   if (thread->Run() == wxTHREAD_NO_ERROR) return static_cast<void>(thread.release()), true;
-  thread->Leave();
+  Threads().Remove(thread.get());
+  Threads().CountOut();
   return false;
 }
 
-void CWorkerThread::Leave() {
-  Threads().Leave(this);
+void CWorkerThread::OnExit() {
+  Threads().Remove(this);
+  thread_local const CCountedOut atTheVeryEnd;
+  static_cast<void>(atTheVeryEnd);
 }
 
 std::size_t CWorkerThread::GetCount() {

@@ -20,7 +20,6 @@ class CWorkerThread : public wxThread {
 public:
   /// The signal is set to stop the thread. It may be kept by others, who may outlive the thread.
   explicit CWorkerThread(const orlo::P<orlo::ISignal>& stopRequest);
-  ~CWorkerThread() override;
 
   virtual void RequestStop() { stopRequest_->set(); }
   bool IsStopRequested() const { return stopRequest_->wait(0); }
@@ -32,11 +31,9 @@ public:
   /// Whether none were left within that time.
   static bool WaitForNone(int seconds);
 
-protected:
-  /// The last thing that Entry does: from now on nobody asks the thread to stop.
-  void Leave();
-
 private:
+  void OnExit() override;
+
   const orlo::P<orlo::ISignal> stopRequest_;
 };
 
