@@ -1,7 +1,7 @@
 #include "authed/data/MovieFile.h"
 
+#include "authed/data/InfileTracks.h"
 #include "authed/data/PathManager.h"
-#include "authed/data/RepeatedInfile.h"
 #include "backend/infilexml/Audio.h"
 #include "backend/infilexml/Video.h"
 #include "graphics/geometry/XmlValues.h"
@@ -10,19 +10,6 @@ namespace authed::data {
 
 using namespace graphics;
 using namespace vantra::infilexml;
-
-namespace {
-
-void AddTrack(CTracklist& list, const orlo::P<CTrackItem>& item, const char* id, double duration) {
-  item->SetId(id);
-  auto track = orlo::makeObject<CTrack>(0);
-  track->duration = duration;
-  track->item = item;
-  list.AddTrack(track);
-  list.SetDuration(duration);
-}
-
-}  // namespace
 
 void CMovieFile::WriteToXml(wxXmlNode& node, IResourceOutputStore& store) const {
   CMovie::WriteToXml(node, store);
@@ -44,17 +31,17 @@ orlo::P<CInfile> CMovieFile::CreateInfile(double /*frameRate*/) const {
   auto infile = orlo::makeObject<CInfile>();
   auto video = orlo::makeObject<CVideo>(duration, 0.0);
   video->src = uri;
-  AddTrack(*infile->GetVideoTracklist(), video, "movie0", duration);
-
-  orlo::P<CAudio> audio;
+  video->SetId("movie0");
+  AddTrack(*infile->GetVideoTracklist(), video, duration);
   if (audioDuration > 0) {
-    audio = orlo::makeObject<CAudio>();
+    auto audio = orlo::makeObject<CAudio>();
     audio->duration = duration;
     audio->src = uri;
+    audio->SetId("audio0");
+    AddTrack(*infile->GetAudioTracklist(), audio, duration);
   } else {
-    audio = orlo::makeObject<CSilentAudio>(duration);
+    AddSilence(*infile, duration);
   }
-  AddTrack(*infile->GetAudioTracklist(), audio, "audio0", duration);
   return infile;
 }
 

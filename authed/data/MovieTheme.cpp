@@ -1,8 +1,8 @@
 #include "authed/data/MovieTheme.h"
 
+#include "authed/data/InfileTracks.h"
 #include "authed/data/MovieFile.h"
 #include "authed/data/PathManager.h"
-#include "authed/data/RepeatedInfile.h"
 #include "backend/infilexml/InfileText.h"
 #include "backend/infilexml/Theme.h"
 #include "foundation/Cast.h"
@@ -28,7 +28,6 @@ namespace authed::data {
 using namespace graphics;
 using vantra::infilexml::CInfile;
 using vantra::infilexml::CTheme;
-using vantra::infilexml::CTrack;
 
 namespace {
 
@@ -67,11 +66,7 @@ public:
     item->SetId("movie0");
 
     auto infile = orlo::makeObject<CInfile>();
-    auto track = orlo::makeObject<CTrack>(0);
-    track->duration = length_;
-    track->item = item;
-    infile->GetVideoTracklist()->AddTrack(track);
-    infile->GetVideoTracklist()->SetDuration(length_);
+    AddTrack(*infile->GetVideoTracklist(), item, length_);
     AddSilence(*infile, length_);
     return infile;
   }

@@ -1,5 +1,6 @@
 #include "authed/data/RepeatedInfile.h"
 
+#include "authed/data/InfileTracks.h"
 #include "backend/infilexml/Audio.h"
 #include "backend/infilexml/Filter.h"
 #include "backend/infilexml/InfileText.h"
@@ -66,14 +67,6 @@ orlo::P<CInfile> RepeatInfile(const std::function<orlo::P<CInfile>()>& makePass,
   result->GetAudioTracklist()->SetDuration(audioEnd);
   if (result->GetAudioTracklist()->GetTrackCount() == 0) AddSilence(*result, std::max(0.0, length));
   return result;
-}
-
-void AddSilence(CInfile& infile, double length) {
-  auto track = orlo::makeObject<CTrack>(0);
-  track->duration = length;
-  track->item = orlo::makeObject<CSilentAudio>(length);
-  infile.GetAudioTracklist()->AddTrack(track);
-  infile.GetAudioTracklist()->SetDuration(length);
 }
 
 }  // namespace authed::data

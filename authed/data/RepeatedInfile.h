@@ -11,7 +11,4 @@ namespace authed::data {
 orlo::P<vantra::infilexml::CInfile> RepeatInfile(const std::function<orlo::P<vantra::infilexml::CInfile>()>& makePass,
                                                  double length);
 
-/// A track in the place of the audio tracks with silence of the length in seconds.
-void AddSilence(vantra::infilexml::CInfile& infile, double length);
-
 }  // namespace authed::data

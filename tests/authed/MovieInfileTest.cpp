@@ -45,6 +45,13 @@ orlo::P<CEditedMovie> Edited(const wxString& tracks) {
   return movie;
 }
 
+orlo::P<CMovieTheme> ThemeOf(const orlo::P<CMovie>& movie, int times) {
+  auto theme = orlo::makeObject<CMovieTheme>();
+  theme->duration = 10;
+  for (int i = 0; i < times; ++i) theme->AddMovie(movie);
+  return theme;
+}
+
 std::string refusalOf(const CMovie& movie, double length) {
   try {
     movie.BuildInfile(25, length);
@@ -129,6 +136,19 @@ TEST_F(MovieInfile, OfUnreadableTextsIsNull) {
   EXPECT_THROW(movie.CreateInfile(25), qeb::discmenuxml::CDiscMenuError);
 }
 
+TEST_F(MovieInfile, NamesItsPicturesAndItsSound) {
+  const auto expectNames = [](const CMovie& movie) {
+    const auto infile = movie.CreateInfile(25);
+    EXPECT_EQ(infile->FindItemById("movie0"), infile->GetVideoTracklist()->GetTrack(0)->item);
+    EXPECT_EQ(infile->FindItemById("audio0"), infile->GetAudioTracklist()->GetTrack(0)->item);
+  };
+  const auto movie = TenSeconds();
+  expectNames(*movie);
+  expectNames(*ThemeOf(movie, 1));
+  movie->audioDuration = 10;
+  expectNames(*movie);
+}
+
 TEST_F(MovieInfile, HasSoundOnlyIfItsMovieHas) {
   const auto movie = TenSeconds();
   const auto isSilent = [&](double audioDuration) {
@@ -192,13 +212,6 @@ TEST_F(MovieInfile, IsNotRepeatedBeyondMeasure) {
   EXPECT_EQ(refusalOf(*Edited(pictures), 10), "An infile may have at most 200000 elements");
   const auto wordy = Edited("<!--" + wxString('x', 10'000'000) + "--><track duration=\"0.001\"/>");
   EXPECT_EQ(refusalOf(*wordy, 10), "A movie may be repeated at most for 64 MB of its text");
-}
-
-orlo::P<CMovieTheme> ThemeOf(const orlo::P<CMovie>& movie, int times) {
-  auto theme = orlo::makeObject<CMovieTheme>();
-  theme->duration = 10;
-  for (int i = 0; i < times; ++i) theme->AddMovie(movie);
-  return theme;
 }
 
 TEST_F(MovieInfile, OfAThemeDescribesAMovieThatItShowsTwiceOnce) {
