@@ -9,12 +9,15 @@
 #include "foundation/Error.h"
 #include "foundation/StringLocalizer.h"
 #include "graphics/model/Base64Resources.h"
+#include "graphics/model/ZipCatalogue.h"
 #include "graphics/paint/native/BitmapPixels.h"
 #include "tests/model/TestElement.h"
 
 #include <gtest/gtest.h>
 #include <wx/ffile.h>
 #include <wx/filename.h>
+#include <wx/mstream.h>
+#include <wx/zipstrm.h>
 
 namespace authed::data {
 
@@ -275,6 +278,35 @@ TEST_F(Movie, EditedKeepsBothTexts) {
   EXPECT_EQ(copy.vantraXml, movie.vantraXml);
   EXPECT_EQ(copy.editorXml, movie.editorXml);
   EXPECT_EQ(Written(CSlideshow()).Find("vantra.xml"), wxNOT_FOUND);
+}
+
+TEST_F(Movie, EditedTakesItsTextsFromAnArchive) {
+  const std::string text = "<infile id='\xC3\xA9'/>";
+  wxMemoryOutputStream archive;
+  {
+    wxZipOutputStream zip(archive);
+    zip.PutNextEntry("v.xml");
+    zip.Write(text.data(), text.size());
+  }
+  wxMemoryInputStream bytes(archive);
+  wxZipInputStream zip(bytes);
+  graphics::CZipCatalogue store(zip);
+  CEditedMovie movie;
+  const auto document =
+      ParseXml(R"(<movie><vantra.xml name="v.xml" size="18"/><editor.xml name="e.xml" size="5"/></movie>)");
+  movie.ReadFromXml(*document->GetRoot(), store);
+  EXPECT_EQ(movie.vantraXml, wxString::FromUTF8(text));
+  EXPECT_EQ(movie.editorXml, "");
+}
+
+TEST_F(Movie, OfADurationThatIsNotFiniteHasNoneForTheBackend) {
+  for (const char* const text : {"nan", "inf", "-inf", "1e999"}) {
+    CMovieFile movie;
+    Read(movie, "<movie duration=\"" + wxString(text) + "\"/>");
+    const auto infile = FromText(ToText(*movie.CreateInfile(25)));
+    EXPECT_EQ(infile->GetVideoTracklist()->GetDuration(), 0) << text;
+    EXPECT_EQ(infile->GetTrack(0)->duration, 0) << text;
+  }
 }
 
 TEST_F(Movie, EditedKeepsItsTextsInACopy) {
