@@ -5,10 +5,13 @@
 #include "graphics/paint/Toolkit.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace authfilter {
 
 CInfoStore::~CInfoStore() {
+  // Movies end on threads of their own, and nobody waits for them.
+  Close();
   const graphics::CToolkitLock lock;
   pluginData.reset();
   pixelAccess.reset();
@@ -17,19 +20,26 @@ CInfoStore::~CInfoStore() {
   pageBitmap.reset();
   resourceStore = nullptr;
   attachmentZip.reset();
+  movieImages.clear();
   layers.clear();
 }
 
 void CInfoStore::Open() {
+  if (!PrepareFrame()) return;
+  LoadPage(*this);
+  // Other instances paint while movies are opened.
+  for (const auto& layer : layers) layer->Open(filterBaseDir, animationBaseDir, themeBaseDir);
+}
+
+/// False if there is nothing to open.
+bool CInfoStore::PrepareFrame() {
   const graphics::CToolkitLock lock;
   StartUp();
-  if (opened) return;
-  opened = true;
-  if (width <= 0 || height <= 0) return;
+  if (std::exchange(opened, true) || width <= 0 || height <= 0) return false;
   pageBitmap = std::make_unique<wxBitmap>(graphics::MakeAlphaBitmap(width, height));
   pageSurface.emplace(*pageBitmap);
   blackRow_.assign(static_cast<std::size_t>(width), 0xFF000000u);
-  LoadPage(*this);
+  return true;
 }
 
 void CInfoStore::Close() {

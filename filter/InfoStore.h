@@ -1,5 +1,6 @@
 #pragma once
 
+#include "authed/data/GraphicMovieImage.h"
 #include "filter/FilterZipResource.h"
 #include "filter/Layer.h"
 #include "graphics/geometry/Transform.h"
@@ -28,7 +29,8 @@ struct CInfoStore {
   CInfoStore& operator=(const CInfoStore&) = delete;
 
   /// Loads the page and builds its layers; a second call does nothing. Without a size, or with a page whose aspect
-  /// ratio is too far from the frame's, there are no layers.
+  /// ratio is too far from the frame's, there are no layers. What is thrown half way leaves an instance that may be
+  /// closed and released.
   void Open();
   void Close();
   /// Moves all layers on by one frame.
@@ -47,12 +49,16 @@ struct CInfoStore {
   std::array<char, kErrorSize> lastError{};
   wxString skinPath;
   bool noAlpha = false;
+  /// Movies stand still, and no backend is needed. To be set before Open.
+  bool noMovies = false;
   bool stateSet = false;
   wxString state;
   std::int64_t frameRateNum = 0;
   std::int64_t frameRateDen = 0;
   std::unique_ptr<wxXmlDocument> pluginData = std::make_unique<wxXmlDocument>();
   std::vector<orlo::P<CLayer>> layers;
+  /// The page's movie images, and null for each mirror: all that have a layer for what moves.
+  std::vector<orlo::P<authed::data::CGraphicMovieImage>> movieImages;
   /// The frame, and the surface that is its memory.
   std::unique_ptr<wxBitmap> pageBitmap;
   std::optional<graphics::CBitmapSurface> pageSurface;
@@ -72,6 +78,7 @@ struct CInfoStore {
   std::int32_t inputStride = 0;
 
 private:
+  bool PrepareFrame();
   void Repaint();
   CDirtyRegion ChangedRegion(const CPageGeometry& geometry) const;
 

@@ -1,9 +1,12 @@
 #include "filter/PageLoad.h"
 
+#include "authed/data/GraphicActionButton.h"
 #include "filter/FilterBase64Resource.h"
 #include "filter/InfoStore.h"
 #include "filter/LayerBuild.h"
+#include "foundation/Cast.h"
 #include "graphics/model/GraphicDocument.h"
+#include "graphics/paint/Toolkit.h"
 
 #include <cmath>
 
@@ -34,9 +37,16 @@ bool fits(const graphics::CDoubleRect& page, const wxBitmap& bitmap) {
   return std::abs(pageAspect - bitmapAspect) <= kAspectTolerance;
 }
 
+void setState(graphics::CGraphicDocument& page, const wxString& state) {
+  for (std::size_t index = 0; index < page.GetCount(); ++index)
+    if (auto* const button = orlo::tryCast<authed::data::CGraphicActionButton>(page.GetElement(index)))
+      button->SetFixedState(state);
+}
+
 }  // namespace
 
 void LoadPage(CInfoStore& store) {
+  const graphics::CToolkitLock lock;
   const auto document = readDocument(store);
   const graphics::CDoubleRect page = document->GetPageRect();
 
@@ -45,8 +55,8 @@ void LoadPage(CInfoStore& store) {
       graphics::CMatrix::Scale(store.pageBitmap->GetWidth() / page.width, store.pageBitmap->GetHeight() / page.height));
   if (!fits(page, *store.pageBitmap)) return;
 
-  store.layers = BuildLayers(*document, store.frameRateNum, store.frameRateDen);
-  for (const auto& layer : store.layers) layer->Open(store.filterBaseDir, store.animationBaseDir, store.themeBaseDir);
+  if (!store.state.empty()) setState(*document, store.state);
+  BuildLayers(store, *document);
 }
 
 }  // namespace authfilter

@@ -80,6 +80,11 @@ constexpr CParameter kParameters[] = {
        store.noAlpha = toInt(value) != 0;
        return true;
      }},
+    {"nomovies",
+     [](CInfoStore& store, const char*, const char* value) {
+       store.noMovies = toInt(value) != 0;
+       return true;
+     }},
     {"width", setNumber<&CInfoStore::width>},
     {"height", setNumber<&CInfoStore::height>},
     {"duration",

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "foundation/Pointer.h"
-#include "graphics/animation/IAnimation.h"
+#include "graphics/animation/AnimationElement.h"
 #include "graphics/model/GraphicDocument.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace authfilter {
@@ -18,20 +19,30 @@ public:
   /// Takes no lock.
   bool HaveChanged() const;
   void Remember();
-  bool AreNone() const { return sources_.empty(); }
-  bool IsOne() const { return sources_.size() == 1; }
-  /// What the first animation shows, as a mark that other frames don't have. There must be one.
-  const wxObjectRefData* GetFirst() const { return ShownBy(*sources_.front().animation); }
+  /// True if nothing can ever change.
+  bool AreNone() const;
+  /// What is shown, as a mark that other frames don't have: if it is all of one animation, and its frames last as long
+  /// as the animation does. Null otherwise, as for movies, whose pictures all lie in one bitmap.
+  const wxObjectRefData* GetLasting() const;
 
 private:
-  struct CSource {
-    orlo::P<graphics::animation::IAnimation> animation;
+  struct CShown {
     /// Bitmaps that share their memory show the same.
-    const wxObjectRefData* painted = nullptr;
+    const wxObjectRefData* frame = nullptr;
+    /// Of a movie.
+    std::uint64_t picture = 0;
+    bool lasts = true;
+
+    bool operator==(const CShown&) const = default;
+  };
+  /// An element's animation may be made anew.
+  struct CSource {
+    orlo::P<graphics::animation::IAnimationElement> element;
+    CShown painted;
   };
 
   void Collect(const graphics::CGraphicDocument& document, int depth);
-  static const wxObjectRefData* ShownBy(const graphics::animation::IAnimation& animation);
+  static CShown ShownBy(const graphics::animation::IAnimationElement& element);
 
   std::vector<CSource> sources_;
 };

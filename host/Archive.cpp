@@ -1,9 +1,9 @@
 #include "host/Archive.h"
 
 #include "host/Errors.h"
+#include "host/FileName.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
@@ -141,18 +141,7 @@ std::string archiveUri(const std::string& path) {
   std::error_code error;
   if (!std::filesystem::exists(path, error)) throw InputError(located(path, std::strerror(ENOENT)));
   if (!std::filesystem::is_regular_file(path, error)) throw InputError(located(path, "not a file"));
-  std::string uri = "file://";
-  for (const char letter : std::filesystem::absolute(path).string()) {
-    constexpr std::string_view plain = "/-_.~";
-    const auto byte = static_cast<unsigned char>(letter);
-    if (byte < 0x80 && (std::isalnum(byte) || plain.find(letter) != std::string_view::npos)) {
-      uri += letter;
-    } else {
-      constexpr std::string_view digits = "0123456789ABCDEF";
-      uri.append("%").append(1, digits[byte >> 4]).append(1, digits[byte & 15]);
-    }
-  }
-  return uri;
+  return fileUri(path);
 }
 
 }  // namespace host

@@ -94,10 +94,10 @@ FrameRange parseFrames(const std::string& text) {
 
 std::pair<std::string, std::string> parseSetting(const std::string& text) {
   static const std::map<std::string, std::string> ownOptions = {
-      {"plugindata", "PAGE"},          {"width", "--size"},       {"height", "--size"},
-      {"noalpha", "--input"},          {"frameratenum", "--fps"}, {"framerateden", "--fps"},
-      {"duration", "--duration"},      {"state", "--state"},      {"skinpath", "--skins"},
-      {"attachments", "--attachments"}};
+      {"plugindata", "PAGE"},           {"width", "--size"},        {"height", "--size"},
+      {"noalpha", "--input"},           {"frameratenum", "--fps"},  {"framerateden", "--fps"},
+      {"duration", "--duration"},       {"state", "--state"},       {"skinpath", "--skins"},
+      {"attachments", "--attachments"}, {"nomovies", "--no-movies"}};
   const auto equals = text.find('=');
   if (equals == std::string::npos || equals == 0) refuse("--set", text, "KEY=VALUE");
   const std::string key = text.substr(0, equals);
@@ -143,6 +143,10 @@ std::optional<Request> parseOptions(int argc, const char* const* argv) {
   auto* stateOption = render->add_option("--state", state, "State that action buttons show")->option_text("NAME");
   render->add_option("--skins", options.skins, "Folder of the skins")->option_text("DIR");
   render->add_option("--attachments", options.attachments, attachmentsHelp)->option_text("ARCHIVE.zip");
+  render->add_flag("!--no-movies", options.movies, "Show the still pictures of movies; needs no backend library");
+  render->add_option("--animations", options.animations, "Folder that movies without one lie in")->option_text("DIR");
+  render->add_option("--themes", options.themes, "Folder that themes without one lie in")->option_text("DIR");
+  render->add_option("--filters", options.filters, "Folder that filters without one lie in")->option_text("DIR");
   render->add_option("--set", settings, "Any other parameter of the module; may be given again")
       ->option_text("KEY=VALUE")
       ->allow_extra_args(false);

@@ -22,6 +22,9 @@ struct Options {
   std::optional<std::string> state;
   std::string skins;
   std::string attachments;  // a zip archive; empty for none
+  // Folders of what movies name without one; empty for none.
+  std::string animations, filters, themes;
+  bool movies = true;
   std::vector<std::pair<std::string, std::string>> settings;
   std::string output;  // a file that ends in .png or .mp4, or "-"
 };

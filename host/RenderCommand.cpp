@@ -36,9 +36,9 @@ public:
 
   void run() {
     Instance instance;
-    configure(instance);
+    configure(instance, options_.movies);
     const std::unique_ptr<FrameSink> sink = openSink(options_.output, size_, rate_);
-    guarded([&] { instance.open(); });
+    open(instance);
     if (source_) source_->start(size_, rate_);
 
     Progress progress(last_ ? std::optional(*last_ + 1) : std::nullopt);
@@ -85,7 +85,7 @@ private:
     if (hasExtension(options_.output, ".png")) last_ = first_;
   }
 
-  void configure(Instance& instance) const {
+  void configure(Instance& instance, bool movies) const {
     const auto must = [&](const char* key, const std::string& value) {
       if (!instance.set(key, value)) throw InputError(located(options_.page, oneLine(instance.lastError())));
     };
@@ -96,15 +96,44 @@ private:
     must("noalpha", source_ ? "0" : "1");
     if (last_) must("duration", std::to_string(rate_.timeOf(*last_ + 1 - first_)));
     if (options_.state) must("state", *options_.state);
-    if (!options_.skins.empty()) {
-      if (!std::filesystem::is_directory(options_.skins)) throw InputError(located(options_.skins, "not a folder"));
-      must("skinpath", options_.skins);
-    }
+    const auto mustFolder = [&](const char* key, const std::string& folder, auto valueOf) {
+      if (folder.empty()) return;
+      if (!std::filesystem::is_directory(folder)) throw InputError(located(folder, "not a folder"));
+      must(key, valueOf(folder));
+    };
+    mustFolder("skinpath", options_.skins, [](const std::string& folder) { return folder; });
+    mustFolder("basedirs.animation.uri", options_.animations, fileUri);
+    mustFolder("basedirs.theme.uri", options_.themes, fileUri);
+    mustFolder("basedirs.filter.uri", options_.filters, fileUri);
+    if (!movies) must("nomovies", "1");
     if (!options_.attachments.empty()) must("attachments", archiveUri(options_.attachments));
     for (const auto& [key, value] : options_.settings) {
       if (!instance.set(key, value)) throw UsageError("--set " + key + ": " + oneLine(instance.lastError()));
     }
     must("plugindata", toBase64(page_.xml));
+  }
+
+  void open(Instance& instance) const {
+    try {
+      instance.open();
+    } catch (const std::exception& error) {
+      const std::string text = described(error);
+      if (!options_.movies || !opensWithoutMovies())
+        throw InputError(located(options_.page, diagnosis_.doubtfulLine, text));
+      throw InputError(
+          located(options_.page, text + ", so its movies cannot be played; --no-movies shows still pictures"));
+    }
+  }
+
+  bool opensWithoutMovies() const {
+    try {
+      Instance instance;
+      configure(instance, false);
+      instance.open();
+      return true;
+    } catch (const std::exception&) {
+      return false;
+    }
   }
 
   void draw(Instance& instance, FrameSink& sink) const {
@@ -122,10 +151,13 @@ private:
     try {
       call();
     } catch (const std::exception& error) {
-      const std::string text = oneLine(error.what());
-      throw InputError(
-          located(options_.page, diagnosis_.doubtfulLine, text.empty() ? "the module cannot show the page" : text));
+      throw InputError(located(options_.page, diagnosis_.doubtfulLine, described(error)));
     }
+  }
+
+  static std::string described(const std::exception& error) {
+    const std::string text = oneLine(error.what());
+    return text.empty() ? "the module cannot show the page" : text;
   }
 
   const Options& options_;

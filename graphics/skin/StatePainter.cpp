@@ -41,6 +41,12 @@ const wxBitmap* CStatePainter::GetOffscreen() const {
   return offscreen_ && offscreen_->IsOk() ? offscreen_.get() : nullptr;
 }
 
+bool CStatePainter::UsesOffscreen(const CState& state, TEffectGraphicsContext& target, const CDoubleRect& rect,
+                                  ITextSource* texts, IAnimationSource* animations) {
+  const wxSize size = OffscreenSize(state.GetPreferredSize(target, texts, animations), rect);
+  return !HasExtent(size) || FitsOffscreen(size);
+}
+
 void CStatePainter::Paint(const CState& state, CPaintContext& context, TEffectGraphicsContext& target,
                           const CDoubleRect& rect, ITextSource* texts, IAnimationSource* animations,
                           ICustomLayerPainter* painter) {

@@ -70,6 +70,8 @@ MFILTER_API int32_t MFILTER_CALL mfilter_releaseInfoStore(void* handle);
  *   skinpath               folder of skins and of the picture "filenotfound.png", UTF-8
  *   state                  name of the state that action buttons show, UTF-8
  *   noalpha                a number; other than 0: no input, the page lies on black
+ *   nomovies               a number; other than 0: movies show their still pictures, and no backend library is needed;
+ *                          set before mfilter_open
  *   width, height          size of the frame in pixels
  *   duration               seconds
  *   frameratenum, framerateden
