@@ -25,7 +25,6 @@ CDecodeAhead::CDecodeAhead(CMovieStore& store, const std::atomic<bool>& closed, 
   const CPixelBox turned = ScaledBeforeRest(facts, look, width, height);
   pixels_ = std::int64_t{turned.width} * turned.height + std::int64_t{width} * height * kPicturesInUse +
             std::int64_t{facts.width} * facts.height;
-  isShrunk_ = std::int64_t{width} * height * 4 <= std::int64_t{facts.width} * facts.height;
   store_.Enter(pixels_);
   try {
     thread_ = std::thread([this] {
@@ -143,10 +142,7 @@ void CDecodeAhead::Work(std::unique_lock<std::mutex>& lock) {
 }
 
 CSharedPicture CDecodeAhead::Produce(double seconds) {
-  if (!movie_) {
-    movie_ = store_.Take(path_, &stopped_);
-    movie_->SetIsShrunk(isShrunk_);
-  }
+  if (!movie_) movie_ = store_.Take(path_, &stopped_);
   movie_->Begin(&stopped_);
   const AVFrame& frame = movie_->FrameAt(seconds);
   if (last_ && lastNumber_ == movie_->GetFrameNumber()) return last_;

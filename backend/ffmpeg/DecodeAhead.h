@@ -48,7 +48,6 @@ private:
   const std::atomic<bool>& closed_;
   const std::string path_;
   std::int64_t pixels_;
-  bool isShrunk_;
 
   // The worker's own.
   std::unique_ptr<CMovieFile> movie_;

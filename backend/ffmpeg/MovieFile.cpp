@@ -75,7 +75,6 @@ void CMovieFile::Feed() {
     waitsForKey_ = false;
     validFrom_ = packet_->pts;
   }
-  decoder_->skip_loop_filter = isShrunk_ ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
   avcodec_send_packet(decoder_.get(), packet_.get());
 }
 

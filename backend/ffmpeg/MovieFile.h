@@ -36,8 +36,6 @@ public:
   const AVFrame& FrameAt(double seconds);
   /// Another one for each picture.
   std::uint64_t GetFrameNumber() const { return frameNumber_; }
-  /// Pictures that are shown at half their size or less don't need all that makes them smooth.
-  void SetIsShrunk(bool isShrunk) { isShrunk_ = isShrunk; }
   /// Work that begins now, and who may stop it.
   void Begin(const std::atomic<bool>* stopped) { watch_.Begin(stopped); }
 
@@ -85,7 +83,6 @@ private:
   /// For files whose time stamps mean nothing: pictures are counted, and seeking begins at the beginning.
   bool countsFrames_ = false;
   bool isSequential_ = false;
-  bool isShrunk_ = false;
 
   CTimedFrame current_;
   CTimedFrame next_;

@@ -2,6 +2,7 @@
 
 #include "backend/ffmpeg/Failure.h"
 #include "backend/ffmpeg/Turning.h"
+#include "backend/ffmpeg/YuvPixels.h"
 
 extern "C" {
 #include <libavutil/pixdesc.h>
@@ -74,6 +75,17 @@ bool IsCroppedWell(const AVFrame& frame, const AVPixFmtDescriptor& format) {
   return (frame.crop_left & across) == 0 && (frame.crop_top & down) == 0;
 }
 
+/// Where nothing is to be scaled and each pixel has its own samples.
+void ConvertOnly(const AVFrame& frame, const CYuvMatrix& matrix, CPicture& target, bool upsideDown) {
+  const CYuvToBgra convert = FastestYuvToBgra();
+  for (int y = 0; y < frame.height; ++y) {
+    std::uint8_t* const row = target.GetRow(upsideDown ? frame.height - 1 - y : y);
+    convert(reinterpret_cast<std::uint32_t*>(row), frame.data[0] + std::ptrdiff_t{y} * frame.linesize[0],
+            frame.data[1] + std::ptrdiff_t{y} * frame.linesize[1],
+            frame.data[2] + std::ptrdiff_t{y} * frame.linesize[2], frame.width, matrix);
+  }
+}
+
 bool IsCropped(const AVFrame& frame) {
   return (frame.crop_left | frame.crop_right | frame.crop_top | frame.crop_bottom) != 0;
 }
@@ -98,7 +110,11 @@ void CScaler::CStep::Prepare(const CKey& key) {
 }
 
 void CScaler::CStep::Run(const AVFrame& frame, const CColours& colours, CPicture& target, bool upsideDown) {
-  Prepare({frame.width, frame.height, target.GetWidth(), target.GetHeight(), PlainFormat(frame), colours});
+  const AVPixelFormat format = PlainFormat(frame);
+  const bool hasItsSize = frame.width == target.GetWidth() && frame.height == target.GetHeight();
+  if (hasItsSize && format == AV_PIX_FMT_YUV444P)
+    return ConvertOnly(frame, {sws_getCoefficients(colours.matrix), colours.isFullRange}, target, upsideDown);
+  Prepare({frame.width, frame.height, target.GetWidth(), target.GetHeight(), format, colours});
   std::uint8_t* const rows[4] = {target.GetRow(upsideDown ? target.GetHeight() - 1 : 0)};
   const int strides[4] = {upsideDown ? -target.GetStride() : target.GetStride()};
   const int done = sws_scale(scaler_.get(), frame.data, frame.linesize, 0, frame.height, rows, strides);

@@ -1,5 +1,7 @@
 #include "backend/ffmpeg/Shrinker.h"
 
+#include "backend/ffmpeg/LineSums.h"
+
 extern "C" {
 #include <libavutil/pixdesc.h>
 }
@@ -41,7 +43,8 @@ AVPixelFormat FormatOf(const CSubsampling& subsampling) {
   return subsampling.down == 0 ? AV_PIX_FMT_YUV422P : AV_PIX_FMT_YUV420P;
 }
 
-/// A block is a constant where it can be: the loop over it disappears.
+/// A block is a constant where it can be: the loop over it disappears. The largest sum times its reciprocal is below
+/// 2^32.
 template <int Across>
 void AverageBlocks(std::uint8_t* target, const std::uint16_t* sums, int width, int acrossOrNone, std::uint32_t block) {
   constexpr int kShift = 24;
@@ -50,7 +53,7 @@ void AverageBlocks(std::uint8_t* target, const std::uint16_t* sums, int width, i
   for (int x = 0; x < width; ++x, sums += across) {
     std::uint32_t sum = block / 2;
     for (int sample = 0; sample < across; ++sample) sum += sums[sample];
-    target[x] = static_cast<std::uint8_t>(std::uint64_t{sum} * reciprocal >> kShift);
+    target[x] = static_cast<std::uint8_t>(sum * reciprocal >> kShift);
   }
 }
 
@@ -66,8 +69,6 @@ CAverage AverageOf(int across) {
       return AverageBlocks<3>;
     case 4:
       return AverageBlocks<4>;
-    case 6:
-      return AverageBlocks<6>;
     default:
       return AverageBlocks<0>;
   }
@@ -102,25 +103,18 @@ void CShrinker::Prepare(AVPixelFormat format, int width, int height) {
 }
 
 void CShrinker::ShrinkPlane(int plane, const AVFrame& frame, int width, int height, int across, int down) {
-  const auto samples = static_cast<std::size_t>(width) * static_cast<std::size_t>(across);
-  const CAverage average = AverageOf(across);
-  sums_.resize(samples);
-  std::uint16_t* const sums = sums_.data();
+  const bool inPairs = across % 2 == 0;
+  const int sumsAcross = inPairs ? across / 2 : across;
+  const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(sumsAcross);
+  const CSumLines sum = inPairs ? FastestSumPairs() : FastestSumLines();
+  const CAverage average = AverageOf(sumsAcross);
+  sums_.resize(count);
   const std::ptrdiff_t stride = frame.linesize[plane];
   const std::uint8_t* source = frame.data[plane];
   std::uint8_t* target = small_->data[plane];
-  for (int y = 0; y < height; ++y, target += small_->linesize[plane]) {
-    int row = 0;
-    std::fill_n(sums, samples, std::uint16_t{0});
-    // Two lines at a time, so that the sums are touched half as often.
-    for (; row + 2 <= down; row += 2, source += 2 * stride)
-      for (std::size_t x = 0; x < samples; ++x)
-        sums[x] = static_cast<std::uint16_t>(sums[x] + source[x] + source[stride + static_cast<std::ptrdiff_t>(x)]);
-    if (row < down) {
-      for (std::size_t x = 0; x < samples; ++x) sums[x] = static_cast<std::uint16_t>(sums[x] + source[x]);
-      source += stride;
-    }
-    average(target, sums, width, across, static_cast<std::uint32_t>(across * down));
+  for (int y = 0; y < height; ++y, source += down * stride, target += small_->linesize[plane]) {
+    sum(sums_.data(), source, stride, down, count);
+    average(target, sums_.data(), width, sumsAcross, static_cast<std::uint32_t>(across * down));
   }
 }
 
