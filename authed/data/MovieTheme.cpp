@@ -21,6 +21,7 @@
 #include <wx/log.h>
 #include <wx/wfstream.h>
 
+#include <algorithm>
 #include <map>
 
 namespace authed::data {
@@ -55,27 +56,31 @@ double ReadLength(const wxFileName& description) {
 /// Describes a theme and the themes in it. A movie that is shown many times is described once.
 class CThemeWriter {
 public:
+  /// Of a theme of that length. In one of unknown length movies run once.
   CThemeWriter(double frameRate, double length) : frameRate_(frameRate), length_(length) {}
 
-  orlo::P<CInfile> InfileOf(const CMovieTheme& theme) {
-    sources_.try_emplace(&theme);
-    auto item = orlo::makeObject<CTheme>();
-    item->duration = length_;
-    item->src = UriOf(DescriptionOf(theme.GetSrc()));
-    for (std::size_t index = 0; index < theme.GetMovieCount(); ++index) item->AddMovie(EntryOf(*theme.GetMovie(index)));
-    item->SetId("movie0");
-
-    auto infile = orlo::makeObject<CInfile>();
-    AddTrack(*infile->GetVideoTracklist(), item, length_);
-    AddSilence(*infile, length_);
-    return infile;
-  }
+  orlo::P<CInfile> Write(const CMovieTheme& theme) { return InfileOf(theme, length_); }
 
 private:
   struct CSource {
     orlo::PC<orlo::IURI> uri;
     std::size_t bytes = 0;
   };
+
+  orlo::P<CInfile> InfileOf(const CMovieTheme& theme, double length) {
+    sources_.try_emplace(&theme);
+    auto item = orlo::makeObject<CTheme>();
+    item->duration = length;
+    // The backend is told where themes are, and that need not be where they are for this module.
+    item->src = UriOf(wxFileName(theme.GetSrc()));
+    for (std::size_t index = 0; index < theme.GetMovieCount(); ++index) item->AddMovie(EntryOf(*theme.GetMovie(index)));
+    item->SetId("movie0");
+
+    auto infile = orlo::makeObject<CInfile>();
+    AddTrack(*infile->GetVideoTracklist(), item, length);
+    AddSilence(*infile, std::max(0.0, length));
+    return infile;
+  }
 
   orlo::P<vantra::infilexml::CMovie> EntryOf(const CMovie& movie) {
     // Null for a theme that shows itself.
@@ -94,7 +99,10 @@ private:
   CSource SourceOf(const CMovie& movie) {
     if (const auto* const file = dynamic_cast<const CMovieFile*>(&movie)) return {UriOf(file->filename)};
     const auto* const theme = dynamic_cast<const CMovieTheme*>(&movie);
-    const orlo::P<CInfile> infile = theme ? InfileOf(*theme) : movie.BuildInfile(frameRate_, length_);
+    const bool isKnown = length_ > 0;
+    const orlo::P<CInfile> infile = theme     ? InfileOf(*theme, isKnown ? length_ : theme->duration)
+                                    : isKnown ? movie.BuildInfile(frameRate_, length_)
+                                              : movie.CreateInfile(frameRate_);
     if (!infile) return {};
     const std::string text = ToText(*infile);
     const orlo::String escaped = orlo::uriEscape(orlo::fromUTF8(text), L"");
@@ -153,7 +161,7 @@ orlo::P<CInfile> CMovieTheme::CreateInfile(double frameRate) const {
 }
 
 orlo::P<CInfile> CMovieTheme::BuildInfile(double frameRate, double length) const {
-  return CThemeWriter(frameRate, length).InfileOf(*this);
+  return CThemeWriter(frameRate, length).Write(*this);
 }
 
 orlo::P<CInfile> CMovieTheme::CreateThumbnailInfile(CThumbnailRequest& request) const {

@@ -169,7 +169,8 @@ std::unique_ptr<IVisual> CVisualBuilder::BuildTheme(const infilexml::CTheme& the
 std::unique_ptr<IVisual> CVisualBuilder::BuildPlace(const CThemePlace& place, const infilexml::CTheme& theme) {
   CountItem();
   const auto movie = MovieOf(place, theme);
-  if (!movie) return nullptr;
+  // An edited movie that can't be read has no location.
+  if (!movie || !movie->src || movie->src->getDescription().isEmpty()) return nullptr;
   const bool isData = movie->src && movie->src->hasScheme() && movie->src->getScheme().equalsIgnoreCase("data");
   auto visual = isData ? From(Build(DataOf(*movie->src)), place.movieStart)
                        : BuildClip(LocalPath(movie->src, bases_.movies), LookOf(place), place.movieStart, 0);

@@ -63,6 +63,15 @@ TEST(Theme, PlaysInfilesOfItsMovies) {
   EXPECT_EQ(NumberIn(*extractor, 0, 0, 160, 96), 13);
 }
 
+TEST(Theme, LeavesThePlaceOfAMovieWithoutALocationEmpty) {
+  const std::string theme = Theme("without.xml", "length=\"1\" width=\"320\" height=\"96\" background=\"#204060\"",
+                                  "<place number=\"1\" width=\"160\" height=\"96\"/>"
+                                  "<place number=\"2\" x=\"160\" width=\"160\" height=\"96\"/>");
+  const auto extractor = Play(InfileWith(UriOf(theme), "<movie src=\"\" infile-id=\"a\"/>" + Entry(Numbers(), "b")));
+  EXPECT_PRED3(IsNear, PixelAt(*extractor, 80, 48), kGround, 0);
+  EXPECT_EQ(NumberIn(*extractor, 160, 0, 160, 96), 0);
+}
+
 TEST(Theme, RepeatsAMovie) {
   const std::string theme = Theme("repeat.xml", "length=\"1\" width=\"160\" height=\"96\"",
                                   "<place number=\"1\" movie-start=\"1.92\" repeat=\"1\"/>");
