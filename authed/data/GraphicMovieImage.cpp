@@ -38,16 +38,16 @@ double ProportionOf(const CMovie& movie) {
   return 0;
 }
 
-/// The box in which the backend's pictures come out as large as they are shown. A side of 0 is one that the pictures
-/// may go beyond.
-wxSize BoxFor(EScaleMode mode, const wxSize& size, double proportion) {
+/// The box in which the backend's pictures come out as large as they are shown in a box of that size. The movie may
+/// have a smaller one. A side of 0 is one that the pictures may go beyond.
+wxSize BoxFor(EScaleMode mode, const wxSize& size, const wxSize& ofMovie, double proportion) {
   switch (mode) {
     case EScaleMode::height:
       return {0, size.y};
     case EScaleMode::fitting:
       return proportion > 0 && size.x * proportion < size.y ? wxSize(0, size.y) : wxSize(size.x, 0);
     default:
-      return size;
+      return {std::min(size.x, ofMovie.x), std::min(size.y, ofMovie.y)};
   }
 }
 
@@ -68,7 +68,8 @@ orlo::P<CMovieAnimation> CGraphicMovieImage::GetMovieAnimation(std::int32_t widt
   if (!infile) return nullptr;
   const CChapter* const chapter = movie_->FindChapter(chapter_);
   CMovieAnimationSettings settings;
-  const wxSize box = BoxFor(scaleMode_, size, ProportionOf(*movie_));
+  const wxSize ofMovie(request.params.width, request.params.height);
+  const wxSize box = BoxFor(scaleMode_, size, ofMovie, ProportionOf(*movie_));
   settings.width = box.x;
   settings.height = box.y;
   settings.scaleMode = scaleMode_;

@@ -2,6 +2,7 @@
 
 #include "graphics/geometry/Truncate.h"
 #include "graphics/paint/EffectGraphicsContext.h"
+#include "graphics/paint/PixelRange.h"
 
 #include <wx/brush.h>
 #include <wx/pen.h>
@@ -41,11 +42,21 @@ void DrawIn(TEffectGraphicsContext& context, const CDoubleRect& place, const wxB
   }
 }
 
-/// The pen reaches one unit beyond.
+bool IsFinite(const CDoubleRect& rect) {
+  return std::isfinite(rect.left) && std::isfinite(rect.top) && std::isfinite(rect.width) && std::isfinite(rect.height);
+}
+
+double ToNear(double coordinate) {
+  return std::clamp<double>(coordinate, -kFarthestPixel, kFarthestPixel);
+}
+
+/// All of it and nothing else: a pen would draw on the pixels beyond its right and lower edge, too.
 void FillBlack(TEffectGraphicsContext& context, const CDoubleRect& rect) {
-  context.context->SetPen(*wxBLACK_PEN);
+  const double left = ToNear(rect.left), top = ToNear(rect.top);
+  context.context->SetPen(*wxTRANSPARENT_PEN);
   context.context->SetBrush(*wxBLACK_BRUSH);
-  context.context->DrawRectangle(rect.left, rect.top, rect.width - 1, rect.height - 1);
+  context.context->DrawRectangle(left, top, ToNear(rect.left + rect.width) - left,
+                                 ToNear(rect.top + rect.height) - top);
 }
 
 /// The bitmap's pixels that are too many on either side.
@@ -56,7 +67,7 @@ int Surplus(double length, double place, double scale) {
 }  // namespace
 
 void PaintThumbnail(TEffectGraphicsContext& context, const CDoubleRect& rect, const wxBitmap& bitmap, EScaleMode mode) {
-  if (!bitmap.IsOk() || !(rect.width > 0 && rect.height > 0)) return;
+  if (!bitmap.IsOk() || !IsFinite(rect) || !(rect.width > 0 && rect.height > 0)) return;
   const int width = bitmap.GetWidth(), height = bitmap.GetHeight();
   const double across = rect.width / width, down = rect.height / height;
   if (mode == EScaleMode::width || mode == EScaleMode::height) {
