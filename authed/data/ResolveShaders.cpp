@@ -2,6 +2,7 @@
 
 #include "backend/infilexml/Loop.h"
 #include "backend/infilexml/Shader.h"
+#include "foundation/Error.h"
 #include "foundation/URI.h"
 
 namespace authed::data {
@@ -10,11 +11,19 @@ using namespace vantra::infilexml;
 
 namespace {
 
+void ResolveName(CShader& shader, const orlo::String& folder) {
+  if (shader.GetUri().isEmpty()) return;
+  try {
+    const orlo::P<orlo::IURI> uri = orlo::createURI(shader.GetUri());
+    if (!uri->isAbsolute()) shader.SetUri(uri->resolve(orlo::createURI(folder))->getDescription());
+  } catch (const orlo::CParseError&) {
+    // What is no URI is the backend's to judge.
+  }
+}
+
 void Resolve(CTrackItem& item, const orlo::String& folder) {
   if (auto* const shader = dynamic_cast<CShader*>(&item)) {
-    if (const orlo::P<orlo::IURI> uri = orlo::createURI(shader->GetUri());
-        !shader->GetUri().isEmpty() && !uri->isAbsolute())
-      shader->SetUri(uri->resolve(orlo::createURI(folder))->getDescription());
+    ResolveName(*shader, folder);
   } else if (const auto* const loop = dynamic_cast<CLoop*>(&item)) {
     if (loop->item) Resolve(*loop->item, folder);
   } else if (const auto* const list = dynamic_cast<CTracklist*>(&item)) {

@@ -1,8 +1,10 @@
 #include "authed/data/Editable.h"
 #include "authed/data/MovieFile.h"
 #include "authed/data/MovieTheme.h"
+#include "authed/data/ResolveShaders.h"
 #include "backend/infilexml/Audio.h"
 #include "backend/infilexml/Filter.h"
+#include "backend/infilexml/Shader.h"
 #include "backend/infilexml/Theme.h"
 #include "backend/infilexml/Video.h"
 #include "foundation/Cast.h"
@@ -234,6 +236,17 @@ TEST_F(MovieInfile, OfAThemeThatShowsItselfComesToAnEnd) {
   const auto infile = theme->CreateInfile(25);
   EXPECT_FALSE(orlo::cast<CTheme>(infile->GetVideoTracklist()->GetTrack(0)->item)->GetMovie(1)->src);
   theme->Assign(*orlo::makeObject<CMovieTheme>());
+}
+
+TEST_F(MovieInfile, KeepsTheNamesOfShadersThatAreNoURI) {
+  const auto infile =
+      Edited("<track><shader uri='//h:x/a.fx'/></track><track><shader uri='b.fx'/></track>")->CreateInfile(25);
+  const auto nameOf = [&](std::size_t index) {
+    return stdText(orlo::cast<CShader>(infile->GetTrack(index)->item)->GetUri());
+  };
+  ResolveShaders(*infile, "file:///filters");
+  EXPECT_EQ(nameOf(0), "//h:x/a.fx");
+  EXPECT_EQ(nameOf(1), "file:///filters/b.fx");
 }
 
 TEST_F(MovieInfile, OfAMillionPicturesIsAnError) {
