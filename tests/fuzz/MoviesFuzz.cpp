@@ -1,6 +1,6 @@
-// Reads a page whose elements may be action buttons and movie images, paints it as authors and viewers see it, describes
-// its movies to the backend, clones its elements, writes it and reads what was written. From then on nothing changes
-// any more.
+// Reads a page whose elements may be action buttons and movie images, paints it as authors and viewers see it,
+// describes its movies to the backend, clones its elements, writes it and reads what was written. From then on nothing
+// changes any more.
 
 #include "authed/data/GraphicActionButton.h"
 #include "authed/data/GraphicElementFactory.h"
