@@ -2,6 +2,8 @@
 #include "tests/elements/Page.h"
 
 #include <atomic>
+#include <chrono>
+#include <cstdlib>
 #include <functional>
 #include <thread>
 #include <vector>
@@ -324,6 +326,21 @@ TEST_F(MovieThread, StandsWhateverIsDoneAtOnce) {
   isOver = true;
   driver.join();
   Stop(*shared);
+}
+
+TEST_F(MovieThread, IsAbortedAtTheEndOfTheProcess) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  EXPECT_EXIT(
+      {
+        const auto playing = Animation();
+        Extract(*playing);
+        backend->Block(EOperation::start);
+        const auto opening = Animation();
+        Start(*opening);
+        backend->WaitForBlocked(EOperation::start);
+        std::exit(3);
+      },
+      testing::ExitedWithCode(3), "");
 }
 
 }  // namespace
