@@ -11,8 +11,6 @@ namespace vantra::ffmpeg {
 namespace {
 
 constexpr double kEndless = std::numeric_limits<double>::infinity();
-/// A part that begins in the next frame but for rounding begins now.
-constexpr double kHair = 1e-6;
 
 bool FillsWhole(const CBox& place) {
   return place.x == 0 && place.y == 0 && place.width <= 0 && place.height <= 0;

@@ -76,7 +76,6 @@ void CExtractor::SetSpeed(double speed) {
 bool CExtractor::Advance() {
   if (!isStarted_ || isClosed_) return false;
   const double seconds = base_ + static_cast<double>(frames_) * step_;
-  constexpr double kHair = 1e-6;
   if (seconds >= visual_->GetDuration() - kHair) return false;
   ++frames_;
   time_ = seconds;

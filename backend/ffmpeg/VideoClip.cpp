@@ -27,7 +27,7 @@ void CVideoClip::Place(const CBox& place, const CPixelBox& visible) {
 }
 
 void CVideoClip::See(double seconds, std::vector<CSeen>& seen) {
-  if (!visible_.IsEmpty() && seconds < duration_) seen.push_back({this, begin_ + std::max(seconds, 0.0)});
+  if (!visible_.IsEmpty() && seconds < duration_ - kHair) seen.push_back({this, begin_ + std::max(seconds, 0.0)});
 }
 
 CVideoClip::CReader* CVideoClip::FindIf(const std::function<bool(const CReader&)>& wanted) {

@@ -33,6 +33,9 @@ public:
   virtual void Wake() = 0;
 };
 
+/// In seconds: what begins or ends in the next frame but for rounding does so now.
+constexpr double kHair = 1e-6;
+
 /// How many frames before it is seen a leaf learns of it.
 constexpr int kFramesAhead = 12;
 

@@ -43,6 +43,17 @@ TEST(Timeline, ShowsClipsAfterOneAnother) {
   EXPECT_THAT(NumbersOf(infile, 9), ElementsAre(10, 11, 12, 25, 26, 0, 1, 1, 1));
 }
 
+TEST(Timeline, EndsAClipOnTheFrameWhereverItBegins) {
+  // 21 / 30 - 0.2 is a hair less than 0.5.
+  const std::string infile = Infile(Track(Video(ColourPicture("ff0000"))) +
+                                    Track(Video(Numbers(), "duration=\"0.5\""), "start=\"0.2\" duration=\"1.5\""));
+  const auto extractor = Play(infile, ParamsAtRate(30, 1));
+  const std::vector<int> numbers = NumbersOf(*extractor, 20);
+  EXPECT_EQ(numbers.back(), 11);
+  extractor->Advance();
+  EXPECT_PRED3(IsNear, PixelAt(*extractor, 50, 50), kRed, 0);
+}
+
 TEST(Timeline, ShowsNothingBetweenClipsThatLieApart) {
   const std::string infile = Infile(Track(Video(ColourPicture("ff0000")), "duration=\"0.2\"") +
                                     Track(Video(ColourPicture("00ff00")), "start=\"1\" duration=\"0.2\""));
