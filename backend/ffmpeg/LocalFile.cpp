@@ -19,6 +19,10 @@ namespace {
 constexpr int kBufferBytes = 1 << 16;
 
 int OpenRegular(const std::string& path) {
+  // Asked before it is opened, since to some devices that means something, and again in case that it has changed.
+  struct stat before {};
+  if (stat(path.c_str(), &before) == 0 && !S_ISREG(before.st_mode))
+    throw CFailure(Fault::notLocal, "Not a file: " + path);
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
   if (file < 0) throw CFailure(Fault::notFound, "Can't open " + path, AVERROR(errno));
   struct stat facts {};

@@ -1,5 +1,6 @@
 #include "tests/ffmpeg/Sequence.h"
 
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -206,6 +207,31 @@ TEST(Hostile, ClosingFromAnotherThreadEndsPlaying) {
   EXPECT_FALSE(extractor->Advance());
   // The last picture stays.
   EXPECT_NE(PixelAt(*extractor, 0, 0).alpha, -1);
+}
+
+/// Loops of three frames: readers come and go all the time.
+TEST(Hostile, ClosingAtAnyMomentEndsPlaying) {
+  const std::string loop = "<loop>" + Video(Numbers(), "duration=\"0.12\"") + "</loop>";
+  const std::string infile = Infile(Track(loop) + Track(loop, "x=\"10\" width=\"50\"") +
+                                    Track("<loop>" + Video(Numbers(), "duration=\"0.2\"") + "</loop>", "x=\"80\""));
+  for (int frames = 0; frames < 40; ++frames) {
+    const auto extractor = Open(infile, Params(64));
+    ASSERT_TRUE(extractor);
+    extractor->Start();
+    std::atomic<int> advanced{0};
+    std::thread closing([&] {
+      while (advanced < frames) std::this_thread::yield();
+      extractor->Close();
+    });
+    while (extractor->Advance()) ++advanced;
+    // A frame without another picture is no end.
+    while (advanced < frames) {
+      extractor->Advance();
+      ++advanced;
+    }
+    closing.join();
+    EXPECT_FALSE(extractor->Advance());
+  }
 }
 
 TEST(Hostile, ClosingTwiceAndBeforeTheStartDoesNoHarm) {
