@@ -66,7 +66,7 @@ CMovieAnimation::CMovieAnimation(const orlo::P<vantra::infilexml::CInfile>& infi
 
 /// The last one to let go may be the thread that has opened the movie.
 CMovieAnimation::~CMovieAnimation() {
-  CMovieAnimation::Stop();
+  Quietly([&] { CMovieAnimation::Stop(); });
   const CToolkitLock toolkit;
   still_.Set(nullptr);
 }
@@ -217,6 +217,7 @@ void CMovieAnimation::Stop() {
   }
   if (!extractor) return;
   std::unique_ptr<CWorkerThread> thread = std::make_unique<CAnimationExtractorThread>(std::move(extractor));
+  // Without a thread it is closed here.
   if (!CWorkerThread::Start(thread)) thread->RequestStop();
 }
 

@@ -15,10 +15,13 @@ namespace {
 /// The threads of the process.
 class CThreads {
 public:
-  void Add(CWorkerThread* thread) {
+  /// False once the process ends.
+  bool Add(CWorkerThread* thread) {
     const std::lock_guard guard(lock_);
+    if (isOver_) return false;
     running_.push_back(thread);
     ++count_;
+    return true;
   }
   /// Nobody stops it any more.
   void Remove(CWorkerThread* thread) {
@@ -31,6 +34,7 @@ public:
   }
   void StopAll() {
     const std::lock_guard guard(lock_);
+    isOver_ = true;
     for (CWorkerThread* const thread : running_) thread->RequestStop();
   }
 
@@ -48,6 +52,7 @@ private:
   std::condition_variable none_;
   std::vector<CWorkerThread*> running_;
   std::size_t count_ = 0;
+  bool isOver_ = false;
 };
 
 struct CEndOfProcess {
@@ -92,9 +97,9 @@ CWorkerThread::CWorkerThread(const orlo::P<orlo::ISignal>& stopRequest)
     : wxThread(wxTHREAD_DETACHED), stopRequest_(stopRequest) {}
 
 bool CWorkerThread::Start(std::unique_ptr<CWorkerThread>& thread) {
-  if (thread->Create() != wxTHREAD_NO_ERROR) return false;
-  Threads().Add(thread.get());
-  if (thread->Run() == wxTHREAD_NO_ERROR) return static_cast<void>(thread.release()), true;
+  if (!Threads().Add(thread.get())) return false;
+  if (thread->Create() == wxTHREAD_NO_ERROR && thread->Run() == wxTHREAD_NO_ERROR)
+    return static_cast<void>(thread.release()), true;
   Threads().Remove(thread.get());
   Threads().CountOut();
   return false;

@@ -24,7 +24,8 @@ public:
   virtual void RequestStop() { stopRequest_->set(); }
   bool IsStopRequested() const { return stopRequest_->wait(0); }
 
-  /// Lets the thread run by itself. False, and it is still there, if the system has no more threads.
+  /// Lets the thread run by itself. False, and it is still there, if the system has no more threads or the process
+  /// ends.
   static bool Start(std::unique_ptr<CWorkerThread>& thread);
   /// Those that there are in the process.
   static std::size_t GetCount();

@@ -343,6 +343,31 @@ TEST_F(MovieThread, IsAbortedAtTheEndOfTheProcess) {
       testing::ExitedWithCode(3), "");
 }
 
+/// Drops its animation when the process ends, and later than the threads are waited for.
+struct CLateOwner {
+  CLateOwner() = default;
+  CLateOwner(const CLateOwner&) = delete;
+  CLateOwner& operator=(const CLateOwner&) = delete;
+  ~CLateOwner() { animation = nullptr; }
+
+  orlo::P<CMovieAnimation> animation;
+};
+
+TEST_F(MovieThread, IsNotNeededForWhatIsDroppedAtTheEndOfTheProcess) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  EXPECT_EXIT(
+      {
+        static CLateOwner owner;
+        owner.animation = Animation();
+        Extract(*owner.animation);
+        const auto before = Animation();
+        Extract(*before);
+        before->Stop();
+        std::exit(3);
+      },
+      testing::ExitedWithCode(3), "");
+}
+
 }  // namespace
 
 }  // namespace authed::data
