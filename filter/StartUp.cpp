@@ -21,7 +21,6 @@ struct CStartUp {
     graphics::RegisterFactory(orlo::makeObject<graphics::animation::CGraphicElementAnimationFactory>());
     graphics::RegisterFactory(orlo::makeObject<authed::data::CGraphicElementFactory>());
     graphics::RegisterFactory(orlo::makeObject<graphics::skin::CGraphicElementSkinFactory>());
-    graphics::RegisterFactory(orlo::makeObject<authed::data::CGraphicElementFactory>());
   }
 };
 
