@@ -25,8 +25,8 @@ orlo::PC<orlo::IURI> FolderOf(const char* uri) {
 }  // namespace
 
 CExtractor::CExtractor(const CExtractorParams& params, const std::string& infile, std::int32_t firstFrame) {
-  const bool hasRate = params.frameRateNum > 0 && params.frameRateDen > 0;
-  frameLength_ = hasRate ? static_cast<double>(params.frameRateDen) / params.frameRateNum : 1 / kUsualRate;
+  hasRate_ = params.frameRateNum > 0 && params.frameRateDen > 0;
+  frameLength_ = hasRate_ ? static_cast<double>(params.frameRateDen) / params.frameRateNum : 1 / kUsualRate;
   step_ = frameLength_;
   base_ = time_ = frameLength_ * std::max(firstFrame, 0);
   CVisualBuilder builder(store_, isClosed_, {FolderOf(params.animationDir), FolderOf(params.themeDir)});
@@ -79,7 +79,8 @@ bool CExtractor::Advance() {
   if (seconds >= visual_->GetDuration() - kHair) return false;
   ++frames_;
   time_ = seconds;
-  return Guarded([&] { return ShowFrame(seconds); });
+  const bool isNew = Guarded([&] { return ShowFrame(seconds); });
+  return isNew || (!hasRate_ && picture_ && !isClosed_);
 }
 
 bool CExtractor::ShowFrame(double seconds) {

@@ -51,6 +51,8 @@ private:
   orlo::P<IMessage> message_;
 
   bool isStarted_ = false;
+  /// Frames are counted. Otherwise a view asks when it is time, and takes false for the end.
+  bool hasRate_ = false;
   double frameLength_ = 0;
   double step_ = 0;
   /// The frames since a time.

@@ -80,6 +80,16 @@ TEST(Rate, IsTwentyFiveWithoutANumber) {
   EXPECT_THAT(NumbersOf(InfileOf(movie), 5, ParamsAtRate(0, 0)), ElementsAreArray(Counting(0, 5)));
 }
 
+/// A view that asks when it is time takes false for the end.
+TEST(Rate, WithoutANumberTellsOfEveryFrameUntilTheEnd) {
+  const std::string movie = AtRate("10/1", 10, "mp4");
+  SKIP_WITHOUT(movie);
+  const auto extractor = Play(InfileOf(movie), ParamsAtRate(0, 0));
+  for (int frame = 1; frame < 25; ++frame) EXPECT_TRUE(extractor->Advance()) << frame;
+  EXPECT_FALSE(extractor->Advance());
+  EXPECT_EQ(NumberOf(*extractor), 9);
+}
+
 TEST(Rate, HalvesWithTheSpeed) {
   const std::string movie = AtRate("25", 60, "mp4");
   SKIP_WITHOUT(movie);
