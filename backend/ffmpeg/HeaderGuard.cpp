@@ -51,9 +51,8 @@ bool CHeaderGuard::MayRead(CBytes bytes) {
   for (unsigned index = 0; index < format_.nb_streams; ++index)
     entries += avformat_index_get_entries_count(format_.streams[index]);
   if (entries > kMostIndexEntries) return false;
-  if (!isHeader_) return true;
   seen_.insert(seen_.end(), bytes.begin(), bytes.end());
-  const bool isGood = !HasBadTable();
+  const bool isGood = !(isHeader_ && HasBadTable()) && !HasBadFragments();
   // A table may begin in what has been seen, and end in what comes next.
   if (seen_.size() >= kTableBytes) seen_.erase(seen_.begin(), seen_.end() - (kTableBytes - 1));
   return isGood;
@@ -67,6 +66,16 @@ bool CHeaderGuard::HasBadTable() const {
     if (IsPacked(table) || MereSamples(table) > fileBytes_ * kMostInAByte) return true;
   }
   return false;
+}
+
+/// All of them together, since each can belong to another stream.
+bool CHeaderGuard::HasBadFragments() const {
+  const std::string_view text(reinterpret_cast<const char*>(seen_.data()), seen_.size());
+  std::int64_t samples = 0;
+  for (std::size_t at = text.find("trun"); at != text.npos && at + kTableBytes <= text.size();
+       at = text.find("trun", at + 1))
+    samples += MereSamples(CBytes(seen_).subspan(at, kTableBytes));
+  return samples > kMostIndexEntries;
 }
 
 }  // namespace vantra::ffmpeg

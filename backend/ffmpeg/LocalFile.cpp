@@ -79,6 +79,13 @@ int CLocalFile::Read(void* self, std::uint8_t* buffer, int bytes) {
 }
 
 int CLocalFile::ReadGuarded(std::uint8_t* buffer, int bytes) {
+  if (guard_->IsInHeader() && guard_->IsNeeded()) return ReadHeader(buffer, bytes);
+  const int got = ReadAt(file_, buffer, bytes, position_);
+  if (got > 0 && !guard_->MayRead({buffer, static_cast<std::size_t>(got)})) return AVERROR(ENOMEM);
+  return got;
+}
+
+int CLocalFile::ReadHeader(std::uint8_t* buffer, int bytes) {
   const auto isInPiece = [&] {
     return position_ >= pieceAt_ && position_ < pieceAt_ + static_cast<std::int64_t>(piece_.size());
   };

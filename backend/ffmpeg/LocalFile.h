@@ -38,6 +38,7 @@ private:
 
   std::int64_t GetSize() const;
   int ReadGuarded(std::uint8_t* buffer, int bytes);
+  int ReadHeader(std::uint8_t* buffer, int bytes);
 
   const CWatch& watch_;
   int file_;

@@ -62,18 +62,25 @@ TEST(Memory, IsNotTakenForSamplesThatAFileCantHave) {
 
 TEST(Memory, IsNotTakenForFragmentsThatAFileCantHave) {
   const std::string movie = Movie("fragments.mov",
-                                  "-f lavfi -i color=c=red:s=32x32 -frames:v 10 -c:v rawvideo -pix_fmt rgb24 -movflags "
-                                  "+empty_moov+default_base_moof+frag_keyframe -frag_duration 1000000 -f mov");
+                                  "-f lavfi -i color=c=red:s=32x32 -frames:v 30 -c:v rawvideo -pix_fmt rgb24 -movflags "
+                                  "+empty_moov+default_base_moof -frag_duration 400000 -f mov");
   SKIP_WITHOUT(movie);
-  EXPECT_TRUE(Open(InfileOf(movie)));
-  std::string bytes = BytesOf(movie);
-  const std::size_t table = bytes.find("trun");
-  ASSERT_NE(table, std::string::npos);
-  // No sample says anything of its own.
-  bytes[table + 6] = 0;
-  SetNumber(bytes, "trun", 8, 50'000'000);
-  Open(InfileOf(Written("many-fragments.mov", bytes)));
-  EXPECT_LT(MostMemory(), kMostKilobytes);
+  const std::string bytes = BytesOf(movie);
+  const std::size_t first = bytes.find("trun");
+  const std::size_t last = bytes.rfind("trun");
+  ASSERT_NE(first, last);
+  for (const std::size_t table : {first, last}) {
+    // Large enough for as many samples in packed sound.
+    std::string changed = bytes + std::string(2'000'000, '\0');
+    // No sample says anything of its own.
+    changed[table + 6] = 0;
+    changed.replace(table + 8, kNumberBytes, BytesOfNumber(50'000'000));
+    if (const auto extractor = Open(InfileOf(Written("many-fragments.mov", changed)))) {
+      extractor->Start();
+      for (int frame = 0; frame < 40; ++frame) extractor->Advance();
+    }
+    EXPECT_LT(MostMemory(), kMostKilobytes);
+  }
 }
 
 TEST(Memory, IsNotTakenForAHeaderThatIsPacked) {
