@@ -1,6 +1,6 @@
 #include "authed/data/WorkerThread.h"
 
-#include <wx/log.h>
+#include <wx/translation.h>
 
 #include <algorithm>
 #include <chrono>
@@ -69,8 +69,7 @@ struct CEndOfProcess {
 
 /// What the toolkit notes of each thread, it notes in something that is made for the first one.
 bool MakeNotesOfThreads() {
-  wxLog::SetThreadActiveTarget(wxLog::SetThreadActiveTarget(nullptr));
-  return true;
+  return wxTranslations::GetUntranslatedString(wxString()).empty();
 }
 
 /// The end of the process comes by here before it is where the things are that threads need, since those have been
