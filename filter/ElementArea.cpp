@@ -51,9 +51,8 @@ wxRect AreaOf(const graphics::CGraphicElement& element, const CPageGeometry& geo
   const double height = std::abs(box.height);
   const double width = movie ? PaintedWidthOf(*movie, std::abs(box.width), height) : std::abs(box.width);
   wxRect area = pixelsAround(box.GetCenter(), width * cosine + height * sine, width * sine + height * cosine);
-  // The corners of a turned frame come out as numbers that are not quite whole, a mirror rounds towards zero, and a
-  // movie goes to whole pixels.
-  if (sine != 0 || !turns || movie) area.Inflate(1);
+  // The corners of a turned frame come out as numbers that are not quite whole, and a mirror rounds towards zero.
+  if (sine != 0 || !turns) area.Inflate(1);
   return area.Intersect(geometry.frame);
 }
 

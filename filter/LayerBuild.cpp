@@ -6,8 +6,13 @@
 #include "filter/InfoStore.h"
 #include "foundation/Cast.h"
 #include "graphics/animation/AnimationElement.h"
+#include "graphics/elements/ElementBox.h"
 #include "graphics/elements/GraphicMirror.h"
+#include "graphics/geometry/Truncate.h"
 #include "graphics/model/GraphicLayers.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace authfilter {
 
@@ -18,6 +23,15 @@ using authed::data::CGraphicMovieImage;
 
 constexpr std::int32_t kStatic = graphics::CGraphicLayer::kStatic;
 constexpr std::int32_t kExclusive = graphics::CGraphicLayer::kExclusive;
+
+/// Of an element in the frame; what is much larger than the frame is not shown in all its pixels.
+wxSize pixelSizeOf(const graphics::CGraphicElement& element, const CInfoStore& store) {
+  const graphics::CDoubleRect box = store.pageTransform.GetCurrent().MapRect(graphics::FrameOf(element));
+  const auto pixels = [](double size, std::int32_t frame) {
+    return std::clamp(graphics::TruncateToInt(std::abs(size) + 0.5), 1, 2 * frame);
+  };
+  return {pixels(box.width, store.width), pixels(box.height, store.height)};
+}
 
 std::int32_t kindOf(graphics::CGraphicElement& element, CInfoStore& store) {
   // A mirror shows what lies under it, and that changes with the layers below.
@@ -30,6 +44,7 @@ std::int32_t kindOf(graphics::CGraphicElement& element, CInfoStore& store) {
       button ? orlo::tryCast<CGraphicMovieImage>(button->GetElement()) : orlo::tryCast<CGraphicMovieImage>(&element);
   if (movie && !store.noMovies) {
     store.movieImages.emplace_back(movie);
+    movie->SetShownSize(pixelSizeOf(element, store));
     return kExclusive;
   }
   if (movie || button) return kStatic;

@@ -25,8 +25,8 @@ constexpr const char* kMovie = "movie";
 
 wxSize projectSize(0, 0);
 
-std::int32_t SizeOf(std::int32_t wanted, std::int32_t project) {
-  const std::int32_t size = wanted >= 1 ? wanted : project;
+std::int32_t SizeOf(std::int32_t wanted, std::int32_t shown, std::int32_t project) {
+  const std::int32_t size = wanted >= 1 ? wanted : shown >= 1 ? shown : project;
   return std::min(size >= 1 ? size : CGraphicMovieImage::kUsualSize, kLargestMovieEdge);
 }
 
@@ -61,7 +61,7 @@ orlo::P<CMovieAnimation> CGraphicMovieImage::GetMovieAnimation(std::int32_t widt
   SetAnimation(nullptr);
   if (!movie_) return nullptr;
   CThumbnailRequest request;
-  const wxSize size(SizeOf(width, projectSize.x), SizeOf(height, projectSize.y));
+  const wxSize size(SizeOf(width, shownSize_.x, projectSize.x), SizeOf(height, shownSize_.y, projectSize.y));
   request.params.width = size.x;
   request.params.height = size.y;
   const auto infile = movie_->CreateThumbnailInfile(request);

@@ -41,8 +41,12 @@ public:
   void SetScaleMode(EScaleMode mode) { scaleMode_ = mode; }
   EScaleMode GetScaleMode() const { return scaleMode_; }
 
+  /// How large it is on the screen in pixels; 0 if nobody knows.
+  void SetShownSize(const wxSize& size) { shownSize_ = size; }
+
   /// Makes the animation of the movie anew, which the element shows from then on. The size is the one on the screen in
-  /// pixels; a number below 1 stands for the project's. Null without a movie, and for a movie that can't be described.
+  /// pixels; a number below 1 stands for the shown size, or else for the project's. Null without a movie, and for a
+  /// movie that can't be described.
   orlo::P<CMovieAnimation> GetMovieAnimation(std::int32_t width, std::int32_t height);
   /// The size of thumbnails in the project, in pixels; 0 for none. With the toolkit's lock held.
   static void SetProjectSize(const wxSize& size);
@@ -72,6 +76,7 @@ private:
   orlo::P<graphics::skin::CSkin> skin_;
   const orlo::P<graphics::skin::CStatePainter> painter_ = orlo::makeObject<graphics::skin::CStatePainter>();
   EScaleMode scaleMode_ = EScaleMode::width;
+  wxSize shownSize_{0, 0};
 };
 
 }  // namespace authed::data

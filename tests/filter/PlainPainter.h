@@ -4,6 +4,8 @@
 #include "graphics/paint/EffectDC.h"
 #include "graphics/paint/PaintContext.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <sstream>
@@ -11,11 +13,12 @@
 
 namespace authfilter {
 
-/// Says where two frames differ first; empty if they don't.
-inline std::string DifferenceOf(const graphics::CPixels& a, const graphics::CPixels& b) {
+/// Says where two frames differ first by more than the tolerance; empty if they don't.
+inline std::string DifferenceOf(const graphics::CPixels& a, const graphics::CPixels& b, int tolerance = 0) {
+  const auto near = [tolerance](std::uint8_t p, std::uint8_t q) { return std::abs(p - q) <= tolerance; };
   for (int y = 0; y < a.height; ++y)
     for (int x = 0; x < a.width; ++x)
-      if (const std::uint8_t* p = a.Row(y) + x * 4, *q = b.Row(y) + x * 4; std::memcmp(p, q, 4) != 0) {
+      if (const std::uint8_t* p = a.Row(y) + x * 4, *q = b.Row(y) + x * 4; !std::equal(p, p + 4, q, near)) {
         std::ostringstream text;
         text << x << ", " << y << ':';
         for (const std::uint8_t* pixel : {p, q})

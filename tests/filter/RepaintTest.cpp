@@ -1,63 +1,18 @@
 #include "filter/ExclusiveLayer.h"
 #include "tests/filter/AnimatedPage.h"
-#include "tests/filter/PlainPainter.h"
+#include "tests/filter/RepaintPage.h"
 
 #include <wx/gdicmn.h>
 
 #include <atomic>
 #include <chrono>
-#include <cstring>
 #include <future>
-#include <optional>
 #include <thread>
 
 namespace authfilter {
 namespace {
 
-using graphics::CPixels;
-
-class Repaint : public CAnimatedPage {
-protected:
-  /// The pixels that the next repaint writes. None of them may come out as 1, 2, 3, 4.
-  wxRect Repainted() {
-    const CPixels& page = store.pageSurface->Pixels();
-    const std::uint8_t mark[] = {1, 2, 3, 4};
-    const std::vector<std::uint8_t> kept(page.data, page.Row(kHeight));
-    for (int y = 0; y < kHeight; ++y)
-      for (int x = 0; x < kWidth; ++x) std::memcpy(page.Row(y) + x * 4, mark, 4);
-    store.BeginReadFrame();
-    store.EndReadFrame();
-    wxRect written;
-    for (int y = 0; y < kHeight; ++y)
-      for (int x = 0; x < kWidth; ++x) {
-        std::uint8_t* const pixel = page.Row(y) + x * 4;
-        if (std::memcmp(pixel, mark, 4) != 0)
-          written.Union(wxRect(x, y, 1, 1));
-        else
-          std::memcpy(pixel, kept.data() + (pixel - page.data), 4);
-      }
-    return written;
-  }
-  wxRect RepaintedAtNextFrame() {
-    store.NextFrame();
-    return Repainted();
-  }
-  /// Paints once in full.
-  void OpenOnBlack(const std::string& elements) {
-    store.noAlpha = true;
-    Open(elements);
-    At(0, 0);
-  }
-
-  std::optional<CPlainPainter> plain;
-  /// Empty if the frame is what a plain and full painting gives.
-  std::string Difference() {
-    if (!plain) plain.emplace(store);
-    const std::string difference = DifferenceOf(store.BeginReadFrame(), plain->Paint());
-    store.EndReadFrame();
-    return difference;
-  }
-};
+class Repaint : public CRepaintPage<CAnimatedPage> {};
 
 TEST_F(Repaint, UnderNoAlphaPaintsOnlyWhereThePictureChanges) {
   OpenOnBlack(Rectangle(0, 0, 160, 90, kBlue) + Image(20, 10, 30, 20, TwoColours(100, true)));
