@@ -75,8 +75,23 @@ bool IsCroppedWell(const AVFrame& frame, const AVPixFmtDescriptor& format) {
   return (frame.crop_left & across) == 0 && (frame.crop_top & down) == 0;
 }
 
-/// Where nothing is to be scaled and each pixel has its own samples.
-void ConvertOnly(const AVFrame& frame, const CYuvMatrix& matrix, CPicture& target, bool upsideDown) {
+/// In YUV, without alpha.
+bool HasPlanesOfBytes(AVPixelFormat format) {
+  switch (format) {
+    case AV_PIX_FMT_YUV410P:
+    case AV_PIX_FMT_YUV411P:
+    case AV_PIX_FMT_YUV420P:
+    case AV_PIX_FMT_YUV422P:
+    case AV_PIX_FMT_YUV440P:
+    case AV_PIX_FMT_YUV444P:
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// Where each pixel has its own samples.
+void Convert(const AVFrame& frame, const CYuvMatrix& matrix, CPicture& target, bool upsideDown) {
   const CYuvToBgra convert = FastestYuvToBgra();
   for (int y = 0; y < frame.height; ++y) {
     std::uint8_t* const row = target.GetRow(upsideDown ? frame.height - 1 - y : y);
@@ -100,21 +115,41 @@ void CScaler::CStep::Prepare(const CKey& key) {
   if (scaler_ && key == key_) return;
   const bool shrinks = key.targetWidth <= key.width && key.targetHeight <= key.height;
   const int flags = (shrinks ? SWS_BILINEAR : SWS_BICUBIC) | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT | SWS_FULL_CHR_H_INP;
-  scaler_.reset(sws_getContext(key.width, key.height, key.format, key.targetWidth, key.targetHeight, AV_PIX_FMT_BGRA,
+  scaler_.reset(sws_getContext(key.width, key.height, key.format, key.targetWidth, key.targetHeight, key.targetFormat,
                                flags, nullptr, nullptr, nullptr));
   if (!scaler_) throw CFailure(Fault::notPlayable, "The pixels of a movie can't be converted");
+  key_ = key;
+  if (key.targetFormat != AV_PIX_FMT_BGRA) return;
   constexpr int kOne = 1 << 16;
   const int* const matrix = sws_getCoefficients(key.colours.matrix);
   sws_setColorspaceDetails(scaler_.get(), matrix, key.colours.isFullRange ? 1 : 0, matrix, 1, 0, kOne, kOne);
-  key_ = key;
+}
+
+const AVFrame& CScaler::CStep::ScaleSamples(const AVFrame& frame, const CKey& key) {
+  Prepare(key);
+  if (samples_->width != key.targetWidth || samples_->height != key.targetHeight) {
+    av_frame_unref(samples_.get());
+    samples_->format = key.targetFormat;
+    samples_->width = key.targetWidth;
+    samples_->height = key.targetHeight;
+    if (av_frame_get_buffer(samples_.get(), 0) < 0) throw std::bad_alloc();
+  }
+  const int done =
+      sws_scale(scaler_.get(), frame.data, frame.linesize, 0, frame.height, samples_->data, samples_->linesize);
+  if (done < 0) throw CFailure(Fault::notPlayable, "The pixels of a movie can't be converted", done);
+  return *samples_;
 }
 
 void CScaler::CStep::Run(const AVFrame& frame, const CColours& colours, CPicture& target, bool upsideDown) {
   const AVPixelFormat format = PlainFormat(frame);
   const bool hasItsSize = frame.width == target.GetWidth() && frame.height == target.GetHeight();
-  if (hasItsSize && format == AV_PIX_FMT_YUV444P)
-    return ConvertOnly(frame, {sws_getCoefficients(colours.matrix), colours.isFullRange}, target, upsideDown);
-  Prepare({frame.width, frame.height, target.GetWidth(), target.GetHeight(), format, colours});
+  CKey key{frame.width, frame.height, target.GetWidth(), target.GetHeight(), format, AV_PIX_FMT_BGRA, colours};
+  if (HasPlanesOfBytes(format)) {
+    key.targetFormat = AV_PIX_FMT_YUV444P;
+    const AVFrame& samples = hasItsSize && format == key.targetFormat ? frame : ScaleSamples(frame, key);
+    return Convert(samples, {sws_getCoefficients(colours.matrix), colours.isFullRange}, target, upsideDown);
+  }
+  Prepare(key);
   std::uint8_t* const rows[4] = {target.GetRow(upsideDown ? target.GetHeight() - 1 : 0)};
   const int strides[4] = {upsideDown ? -target.GetStride() : target.GetStride()};
   const int done = sws_scale(scaler_.get(), frame.data, frame.linesize, 0, frame.height, rows, strides);

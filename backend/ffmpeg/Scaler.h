@@ -25,7 +25,8 @@ private:
     bool isFullRange;
   };
 
-  /// From one format and size to another.
+  /// From one format and size to another. Samples of 8 bits are scaled as they are and then converted, for FFmpeg's
+  /// scaler is slow at doing both.
   class CStep {
   public:
     void Run(const AVFrame& frame, const CColours& colours, CPicture& target, bool upsideDown);
@@ -37,13 +38,16 @@ private:
       int targetWidth;
       int targetHeight;
       AVPixelFormat format;
+      AVPixelFormat targetFormat;
       CColours colours;
       bool operator==(const CKey&) const = default;
     };
     void Prepare(const CKey& key);
+    const AVFrame& ScaleSamples(const AVFrame& frame, const CKey& key);
 
     std::optional<CKey> key_;
     CHandle<SwsContext> scaler_;
+    CHandle<AVFrame> samples_ = Held(av_frame_alloc());
   };
 
   CShrinker shrinker_;
