@@ -8,6 +8,7 @@
 #include "host/PageContent.h"
 #include "host/PageDiagnosis.h"
 #include "host/PageFile.h"
+#include "host/PageMovies.h"
 #include "host/PageResources.h"
 #include "host/PageSummary.h"
 
@@ -33,7 +34,8 @@ void print(const std::string& path, const Findings& findings) {
   std::puts(located(path, verdict).c_str());
 }
 
-// Opens the page and draws a frame of it. What the module says is told unless it was known already.
+// Opens the page and draws a frame of it, with the still pictures of movies. What the module says is told unless it was
+// known already.
 void tryModule(const PageFile& page, const std::string& attachments, PageContent& content) {
   const PageDiagnosis shape{content.size.width, content.size.height, 0};
   const Size size = shape.suggestSize(lines);
@@ -43,6 +45,7 @@ void tryModule(const PageFile& page, const std::string& attachments, PageContent
     Instance instance;
     const bool taken = instance.set("width", std::to_string(size.width)) &&
                        instance.set("height", std::to_string(size.height)) && instance.set("noalpha", "1") &&
+                       instance.set("nomovies", "1") &&
                        (attachments.empty() || instance.set("attachments", attachments)) &&
                        instance.set("plugindata", toBase64(page.xml));
     if (!taken) return content.findings.error(0, "the module says: " + instance.lastError());
@@ -77,10 +80,11 @@ bool check(const CheckOptions& options) {
   checkInterrupt();
   PageContent content = readContent(*xmlDocGetRootElement(document.get()));
   const std::vector<Resource> resources = readResources(content, archive, content.findings);
+  const std::string movies = readMovies(content, options.themes, content.findings);
   if (content.size.isUsable()) tryModule(page, attachments, content);
   checkInterrupt();
   print(page.path, content.findings);
-  std::fputs(summarise(content, resources).c_str(), stdout);
+  std::fputs((summarise(content, resources) + movies).c_str(), stdout);
   return content.findings.errors() == 0;
 }
 

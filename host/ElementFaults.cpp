@@ -52,13 +52,45 @@ void findShapeFaults(const xmlNode& shape, Findings& findings) {
     findings.warning(lineOf(shape), describe(shape) + " is a free form without points and shows nothing");
 }
 
+// An element that lies in a button covers it, whatever its size says.
+bool isWithinButton(const xmlNode& element) {
+  return element.parent && element.parent->type == XML_ELEMENT_NODE && sameName(nameOf(*element.parent), "element");
+}
+
+// Of the state that pages show. A skin that stands elsewhere counts as one that has such a layer.
+bool hasCustomLayer(const xmlNode& skin) {
+  const xmlNode* states = findChild(skin, "states");
+  const xmlNode* state = states ? findChild(*states, "normal") : nullptr;
+  const xmlNode* layers = state ? findChild(*state, "layers") : nullptr;
+  return !states || (layers && findChild(*layers, "custom"));
+}
+
+void findActionFaults(const xmlNode& button, const xmlNode* skin, Findings& findings) {
+  const xmlNode* within = findChild(button, "element");
+  if (!within) return;
+  const auto warn = [&](const std::string& text) { findings.warning(lineOf(*within), describe(button) + text); };
+  std::size_t elements = 0;
+  for (const xmlNode* child = firstElement(*within); child; child = nextElement(*child))
+    elements += isElementNode(nameOf(*child)) ? 1 : 0;
+  if (elements == 0) warn(" has nothing in its <element>");
+  if (elements > 1) warn(" has " + counted(elements, "element") + " in its <element>: only the first one is shown");
+  if (skin && !hasCustomLayer(*skin))
+    warn(": its <element> is not shown, as the state <normal> of its skin has no <custom> layer");
+}
+
 void findButtonFaults(const xmlNode& button, Findings& findings) {
-  const bool isSkinned = typeNameOf(button) == "skin-button";
-  const bool hasSkin = findChild(button, "skin") != nullptr;
-  if (isSkinned && !hasSkin)
-    findings.warning(lineOf(button), describe(button) + " has no <skin> and looks like a plain button");
-  if (hasSkin && !isSkinned)
-    findings.warning(lineOf(button), describe(button) + " has no type-name=\"skin-button\": its <skin> is ignored");
+  const auto warn = [&](const std::string& text) { findings.warning(lineOf(button), describe(button) + text); };
+  const std::string type = typeNameOf(button);
+  const bool isAction = sameName(type, "authed-state-button-action");
+  const bool isSkinned = isAction || type == "skin-button";
+  const xmlNode* skin = findChild(button, "skin");
+  if (isSkinned && !skin) warn(" has no <skin> and looks like a plain button");
+  if (skin && !isSkinned) warn(" has no type-name=\"skin-button\": its <skin> is ignored");
+  if (isAction) return findActionFaults(button, skin, findings);
+  for (const char* const name : {"action", "element"})
+    if (const xmlNode* node = findChild(button, name))
+      findings.warning(lineOf(*node), describe(button) + " has no type-name=\"authed-state-button-action\": its " +
+                                          tagOf(*node) + " is ignored");
 }
 
 }  // namespace
@@ -90,7 +122,7 @@ std::string typeNameOf(const xmlNode& element) {
 
 void findElementFaults(const xmlNode& element, const ElementKind& kind, Findings& findings) {
   const auto warn = [&](const std::string& text) { findings.warning(lineOf(element), describe(element) + text); };
-  if (kind.needs != Needs::nothing)
+  if (kind.needs != Needs::nothing && !isWithinButton(element))
     if (const std::string fault = sizeFault(element, kind.needs); !fault.empty()) warn(" " + fault);
 
   if (kind.name == "image" && !hasText(element, "filename") && !findChild(element, "attachment-bitmap"))

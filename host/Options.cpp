@@ -21,6 +21,7 @@ constexpr double maxDuration = 24 * 60 * 60;
 constexpr int maxRate = 1000;
 
 constexpr char attachmentsHelp[] = "The archive that the page's pictures and texts lie in";
+constexpr char themesHelp[] = "Folder that themes without one lie in";
 
 constexpr char checkFooter[] =
     "Every problem is one line on standard output, with the line of the page that it is in. Errors are what the page\n"
@@ -145,7 +146,7 @@ std::optional<Request> parseOptions(int argc, const char* const* argv) {
   render->add_option("--attachments", options.attachments, attachmentsHelp)->option_text("ARCHIVE.zip");
   render->add_flag("!--no-movies", options.movies, "Show the still pictures of movies; needs no backend library");
   render->add_option("--animations", options.animations, "Folder that movies without one lie in")->option_text("DIR");
-  render->add_option("--themes", options.themes, "Folder that themes without one lie in")->option_text("DIR");
+  render->add_option("--themes", options.themes, themesHelp)->option_text("DIR");
   render->add_option("--filters", options.filters, "Folder that filters without one lie in")->option_text("DIR");
   render->add_option("--set", settings, "Any other parameter of the module; may be given again")
       ->option_text("KEY=VALUE")
@@ -160,6 +161,7 @@ std::optional<Request> parseOptions(int argc, const char* const* argv) {
   check->add_option("page", checkOptions.page, "The page, an XML file")->required()->option_text("PAGE.xml");
 
   check->add_option("--attachments", checkOptions.attachments, attachmentsHelp)->option_text("ARCHIVE.zip");
+  check->add_option("--themes", checkOptions.themes, themesHelp)->option_text("DIR");
 
   try {
     app.parse(argc, argv);

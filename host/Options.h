@@ -33,6 +33,7 @@ struct Options {
 struct CheckOptions {
   std::string page;
   std::string attachments;
+  std::string themes;
 };
 
 using Request = std::variant<Options, CheckOptions>;

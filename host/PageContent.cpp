@@ -2,6 +2,7 @@
 
 #include "host/AnimationFaults.h"
 #include "host/ElementFaults.h"
+#include "host/MovieFaults.h"
 #include "host/PageValues.h"
 #include "host/SkinFaults.h"
 #include "host/Spelling.h"
@@ -86,13 +87,16 @@ public:
       warning(root, tagOf(root) + " is read as the page whatever its name; the usual one is <graphic-document>");
     visit(root, documentForm);
     findSize(root);
+    std::stable_sort(content_.movies.begin(), content_.movies.end(),
+                     [](const MovieUse& a, const MovieUse& b) { return lineOf(*a.node) < lineOf(*b.node); });
     return std::move(content_);
   }
 
 private:
   struct Shared {
     std::string type;         // as written; empty matches every other one
-    const ElementKind* kind;  // null for a skin
+    const ElementKind* kind;  // null for a skin or a movie
+    const xmlNode* node;
     long line;
     long count;  // of elements, with those inside
     Bounds bounds;
@@ -138,6 +142,8 @@ private:
       if (!known->repeated && !seen.insert(known).second)
         return warning(child, "a second " + tagOf(child) + " in " + tagOf(parent) + " is ignored");
       if (known->form == &skinForm) return visitSkin(child);
+      if (known->form == &movieForm) return visitMovie(child);
+      if (known->form == &actionForm && !findProperty(child, "type")) refused(child, tagOf(child) + " has no \"type\"");
       if (!known->form->variants.empty()) return visitVariant(child, *known->form);
       return visit(child, *known->form);
     }
@@ -158,24 +164,43 @@ private:
     const std::string type = findProperty(node, "type").value_or("");
     if (type.empty()) warning(node, tagOf(node) + " has no \"type\": there is no skin");
     if (!isSkinType(type)) return visitProperties(node, skinForm);
+    if (visitShared(node, skinForm, type, content_.skins)) findSkinFaults(node, content_.findings);
+  }
+
+  void visitMovie(const xmlNode& node) {
+    const std::string type = findProperty(node, "type").value_or("");
+    if (type.empty()) refused(node, tagOf(node) + " has no \"type\"");
+    if (type == "custom") warning(node, tagOf(node) + " of the type 'custom' shows nothing: nobody makes such movies");
+    const NodeForm* form = findVariant(movieForm, type);
+    if (!form) return visitProperties(node, movieForm);
+    if (!visitShared(node, *form, type, content_.movieNumbers)) return;
+    findMovieFaults(node, content_.findings);
+    content_.movies.push_back({&node, owner_.node, uniqueNumberOf(node)});
+  }
+
+  // Visits a resource that elements may share by its number, which is added to those of its sort. False if it stands
+  // somewhere else.
+  bool visitShared(const xmlNode& node, const NodeForm& form, const std::string& type, std::set<long long>& numbers) {
     const long long unique = uniqueNumberOf(node);
     if (unique > 0) {
       ++content_.uses[unique];
-      content_.skins.insert(unique);
-      if (const auto known = shared_.find(unique); known != shared_.end())
-        return visitReference(node, nullptr, type, unique, known->second);
-      shared_[unique] = {type, nullptr, lineOf(node), 0, {}, true, false};
+      numbers.insert(unique);
+      if (const auto known = shared_.find(unique); known != shared_.end()) {
+        visitReference(node, nullptr, type, unique, known->second);
+        return false;
+      }
+      shared_[unique] = {type, nullptr, &node, lineOf(node), 0, {}, true, false};
     }
     const long before = count_;
     ++count_;
     const Owner outer = owner_;
     ++owner_.depth;
     if (unique > 0) owner_.unique = unique;
-    findSkinFaults(node, content_.findings);
-    if (!isTooDeep(node)) visit(node, skinForm);
+    if (!isTooDeep(node)) visit(node, form);
     owner_ = outer;
     if (unique > 0) endSharing(unique, before);
     limitCount(node);
+    return true;
   }
 
   void findStrayText(const xmlNode& text, const xmlNode& parent) {
@@ -218,7 +243,7 @@ private:
       ++content_.uses[unique];
       if (const auto known = shared_.find(unique); known != shared_.end())
         return visitReference(node, kind, type, unique, known->second);
-      shared_[unique] = {type, kind, lineOf(node), 0, boundsOf(node), true, !owner_.node};
+      shared_[unique] = {type, kind, &node, lineOf(node), 0, boundsOf(node), true, !owner_.node};
     }
 
     const long before = count_;
@@ -236,7 +261,7 @@ private:
 
   // The kind that the module makes of a node; null, and an error is noted, if it makes none.
   const ElementKind* kindOf(const xmlNode& node, const std::string& name, const std::string& typeName) {
-    if (!findElementKind(name) && !isReservedKind(name)) return unknown(node, name);
+    if (!isElementNode(name) && !isReservedKind(name)) return unknown(node, name);
     const std::string& wanted = typeName.empty() ? name : typeName;
     const ElementKind* kind = findElementKind(plainKindOf(wanted));
     if (!kind && !isReservedKind(wanted)) {
@@ -252,7 +277,7 @@ private:
                         " cannot be shown without type-name=" + inQuotes(kind->typeName, '"'));
       return nullptr;
     }
-    if (!sameName(kind->name, name))
+    if (!sameName(kind->node, name))
       warning(node, tagOf(node) + " is read as a " + inQuotes(wanted) + ", as its type says");
     return kind;
   }
@@ -260,7 +285,9 @@ private:
   const ElementKind* unknown(const xmlNode& node, const std::string& type) {
     const std::string text = "unknown element type " + inQuotes(type);
     if (content_.unknown.line == 0) content_.unknown = {Finding::Level::error, lineOf(node), text};
-    error(node, text + suggestion(type, kindNames()));
+    const ElementKind* kind = findElementKind(type);
+    error(node, text + (kind ? "; write <" + std::string(kind->node) + " type-name=" + inQuotes(type, '"') + ">"
+                             : suggestion(type, kindNames())));
     return nullptr;
   }
 
@@ -296,6 +323,7 @@ private:
         refused(node, "mirrors show mirrors more than " + std::to_string(maxMirrorDepth) + " deep");
       visit(node, *kind.form);
       findElementFaults(node, kind, content_.findings);
+      if (kind.name == "movie-image") findMovieImageFaults(node, movieOf(node), content_.findings);
       if (owner_.isAnimation) {
         findAnimationFaults(node, content_.findings);
         if (frameCountOf(node) > maxFrames) refused(node, "an animation has at most 100000 frames");
@@ -304,6 +332,13 @@ private:
       if (!file.empty()) content_.files.push_back({file, &node, unique});
     }
     owner_ = outer;
+  }
+
+  // The movie that an image shows, where it is written; null if there is none.
+  const xmlNode* movieOf(const xmlNode& image) const {
+    const xmlNode* movie = findChild(image, "movie");
+    const auto known = movie ? shared_.find(uniqueNumberOf(*movie)) : shared_.end();
+    return known == shared_.end() ? movie : known->second.node;
   }
 
   bool isTooDeep(const xmlNode& node) {

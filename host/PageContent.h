@@ -28,6 +28,13 @@ struct PictureFile {
   long long unique;
 };
 
+// A movie that lies in a file, or a theme, whose description does.
+struct MovieUse {
+  const xmlNode* node;  // of the movie
+  const xmlNode* element;
+  long long unique;  // of the movie
+};
+
 // The page rectangle: the content box, else what the elements cover. Page units.
 struct PageSize {
   double width = 0;
@@ -46,10 +53,12 @@ struct PageContent {
   Findings findings;
   PageSize size;
   std::map<std::string_view, long> kinds;  // how many elements there are of each, shared ones counted once
-  std::map<long long, long> uses;          // of shared elements and skins, by their numbers
+  std::map<long long, long> uses;          // of shared elements, skins and movies, by their numbers
   std::set<long long> skins;               // the numbers of shared skins
+  std::set<long long> movieNumbers;        // the numbers of shared movies
   std::vector<Attachment> attachments;
   std::vector<PictureFile> files;
+  std::vector<MovieUse> movies;
 
   // The first element of a type that nobody knows, and what is wrong with it; line 0 for none.
   Finding unknown;

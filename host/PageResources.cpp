@@ -93,10 +93,12 @@ private:
     resource.name = attachment.element ? describe(*attachment.element) : tagOf(node);
     resource.bytes = decoded.bytes.size();
     resource.uses = usesOf(attachment.unique);
-    const bool isPicture = attachment.content == Content::picture;
-    const std::string fault =
-        isPicture ? readEmbedded(node, decoded.bytes, resource) : readRichText(decoded.bytes, resource);
+    const std::string fault = attachment.content == Content::picture    ? readEmbedded(node, decoded.bytes, resource)
+                              : attachment.content == Content::richText ? readRichText(decoded.bytes, resource)
+                              : attachment.content == Content::timeline ? readTimeline(decoded.bytes)
+                                                                        : "";
     if (!fault.empty()) return findings_.error(lineOf(node), place + " " + fault);
+    if (attachment.content == Content::timeline || attachment.content == Content::opaque) return;
     resource.frames = attachment.isFrame ? 1 : 0;
     if (!isNextFrame(attachment, resource)) return add(std::move(resource), attachment.element);
     resources_.back().bytes += resource.bytes;
@@ -117,7 +119,9 @@ private:
 
   void findInArchive(const Attachment& attachment, const std::string& place, const std::string& name) {
     const bool isPicture = attachment.content == Content::picture;
-    const std::string otherwise = isPicture ? "; the substitute picture is shown instead" : "; there is no text";
+    const std::string otherwise = isPicture ? "; the substitute picture is shown instead"
+                                  : attachment.content == Content::richText ? "; there is no text"
+                                                                            : "; it counts as none";
     const auto error = [&](const std::string& text) { findings_.error(lineOf(*attachment.node), place + text); };
     if (name.empty()) return error(" has no \"name\" of a file in " + archive_->path + otherwise);
     if (!archive_->names.contains(archiveName(name)))
@@ -170,6 +174,15 @@ private:
     resource.paragraphs = countParagraphs(root);
     if (resource.paragraphs == 0) return "is a rich text without a <paragraph>";
     return beyondLimits(root);
+  }
+
+  static std::string readTimeline(std::span<const unsigned char> bytes) {
+    std::vector<XmlProblem> problems;
+    const XmlDocument document = readXml({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, problems);
+    if (!document)
+      return "is no timeline: in line " + std::to_string(problems.front().line) + " of it: " + problems.front().text;
+    const xmlNode& root = *xmlDocGetRootElement(document.get());
+    return nameOf(root) == "infile" ? "" : "is no timeline: its root is " + tagOf(root) + ", not <infile>";
   }
 
   void readFile(const PictureFile& file) {

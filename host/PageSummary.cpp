@@ -64,18 +64,23 @@ std::string elementsLine(const PageContent& content) {
   return "  elements  " + std::to_string(count) + list + "\n";
 }
 
+std::string_view nounOf(const PageContent& content, long long unique) {
+  if (content.skins.contains(unique)) return "skin";
+  return content.movieNumbers.contains(unique) ? "movie" : "element";
+}
+
 std::string sharedLine(const PageContent& content) {
   std::string line;
-  for (const bool isSkin : {false, true}) {
+  for (const char* const noun : {"element", "skin", "movie"}) {
     std::size_t shared = 0;
     long uses = 0;
     for (const auto& [unique, number] : content.uses) {
-      if (number < 2 || content.skins.contains(unique) != isSkin) continue;
+      if (number < 2 || nounOf(content, unique) != noun) continue;
       ++shared;
       uses += number;
     }
     if (shared == 0) continue;
-    line += (line.empty() ? "  shared    " : "; ") + counted(shared, isSkin ? "skin" : "element") + usesText(uses);
+    line += (line.empty() ? "  shared    " : "; ") + counted(shared, noun) + usesText(uses);
   }
   return line.empty() ? line : line + "\n";
 }

@@ -57,6 +57,7 @@ std::string faultOfInteger(const ValueForm& form, const std::string& value) {
 }
 
 std::string faultOfWord(const ValueForm& form, const std::string& value) {
+  if (form.mayBeEmpty && value.empty()) return {};
   for (const std::string_view word : form.words)
     if (form.exact ? word == value : sameName(word, value)) return {};
   return mustBe(form, alternatives({form.words.begin(), form.words.end()}), form.otherwise);

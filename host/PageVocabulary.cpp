@@ -39,10 +39,19 @@ constexpr std::array<std::string_view, 3> aligns = {"top", "center", "bottom"};
 constexpr std::array<std::string_view, 2> skinTypes = {"buttonskin", "shapeskin"};
 constexpr std::array<std::string_view, 2> animationTypes = {"animation", "gif"};
 constexpr std::array<std::string_view, 3> dataTypes = {"string", "int", "rect"};
+constexpr std::array<std::string_view, 5> movieTypes = {"movie-file", "slideshow", "edited-movie", "theme", "custom"};
+constexpr std::array<std::string_view, 2> aspectRatios = {"16:9", "4:3"};
+constexpr std::array<std::string_view, 3> scaleModes = {"scale-width", "scale-height", "scale-fitting"};
+constexpr std::array<std::string_view, 4> actionTypes = {"undefined", "change-page", "play", "play-all"};
+constexpr std::array<std::string_view, 3> pageChanges = {"goto-mainpage", "go-back", "goto-page"};
 
 constexpr ValueForm exactlyOneOf(std::string_view name, std::span<const std::string_view> words,
                                  std::string_view otherwise) {
   return {name, ValueKind::word, lowestInt, highestInt, words, otherwise, false, false, true};
+}
+
+constexpr ValueForm refusedUnless(std::string_view name, std::span<const std::string_view> words, bool mayBeEmpty) {
+  return {name, ValueKind::word, lowestInt, highestInt, words, "", true, false, true, mayBeEmpty};
 }
 
 constexpr ValueForm text{"text", ValueKind::text, 0, 0, {}, "", false};
@@ -65,6 +74,11 @@ constexpr ValueForm alignWord = oneOf("vertical-align", ValueKind::word, aligns,
 constexpr ValueForm skinType = exactlyOneOf("skin-type", skinTypes, "there is no skin");
 constexpr ValueForm animationType = exactlyOneOf("animation-type", animationTypes, "there is no animation");
 constexpr ValueForm dataType = oneOf("data-type", ValueKind::word, dataTypes, "the entry is left out");
+constexpr ValueForm movieType = refusedUnless("movie-type", movieTypes, false);
+constexpr ValueForm aspectRatio = exactlyOneOf("aspect-ratio", aspectRatios, "it is ignored");
+constexpr ValueForm scaleMode = refusedUnless("scale-mode", scaleModes, true);
+constexpr ValueForm actionType = refusedUnless("action-type", actionTypes, false);
+constexpr ValueForm pageChange = refusedUnless("page-change", pageChanges, true);
 constexpr ValueForm kindName{"kind", ValueKind::text, 0, 0, {}, "", false};
 
 constexpr PropertyForm pointProperties[] = {{"x", &number}, {"y", &number}};
@@ -159,8 +173,15 @@ constexpr NodeForm states{nullptr, {}, statesChildren};
 constexpr PropertyForm skinProperties[] = {{"unique", &identity}, {"type", &skinType}, {"id", &text}};
 constexpr ChildForm skinChildren[] = {{"states", &states}};
 
+constexpr PropertyForm actionProperties[] = {{"type", &actionType},
+                                             {"movie-id", &integer},
+                                             {"chapter", &integer},
+                                             {"change-page", &pageChange},
+                                             {"page", &text}};
+
 constexpr PropertyForm buttonProperties[] = {{"label", &text}, {"hint", &text}};
-constexpr ChildForm buttonChildren[] = {{"skin", &skinForm}, {"attachment-bitmap", &picture}};
+constexpr ChildForm buttonChildren[] = {
+    {"skin", &skinForm}, {"attachment-bitmap", &picture}, {"action", &actionForm}, {"element", &documentForm}};
 constexpr NodeForm button{&elementForm, buttonProperties, buttonChildren};
 
 constexpr ChildForm mirrorChildren[] = {{"graphic-document", &documentForm}};
@@ -184,6 +205,42 @@ constexpr NodeForm animation{
     .base = nullptr, .properties = frameListProperties, .children = {}, .variants = animationVariants};
 constexpr ChildForm animationChildren[] = {{"animation", &animation}};
 constexpr NodeForm animationImage{&elementForm, {}, animationChildren};
+
+constexpr PropertyForm fileNameProperties[] = {{"path", &text}, {"name", &text}};
+constexpr NodeForm fileName{nullptr, fileNameProperties, {}};
+constexpr PropertyForm attachedTextProperties[] = {{"name", &text}, {"size", &integer}};
+constexpr NodeForm timeline{nullptr, attachedTextProperties, {}, nullptr, false, Content::timeline};
+constexpr NodeForm editorText{nullptr, attachedTextProperties, {}, nullptr, false, Content::opaque};
+constexpr PropertyForm chapterProperties[] = {{"timestamp", &number}, {"name", &text}};
+constexpr ChildForm chapterChildren[] = {{"attachment-thumbnail", &picture}};
+constexpr NodeForm chapter{nullptr, chapterProperties, chapterChildren};
+constexpr ChildForm chaptersChildren[] = {{"chapter", &chapter, true}};
+constexpr NodeForm chapters{.base = nullptr, .properties = {}, .children = chaptersChildren, .exactNames = true};
+constexpr NodeForm finishedFiles{nullptr, {}, {}};
+constexpr PropertyForm movieProperties[] = {
+    {"unique", &identity}, {"type", &movieType},          {"title", &text},
+    {"duration", &number}, {"menu-entry", &boolean},      {"min-duration", &number},
+    {"width", &integer},   {"height", &integer},          {"audio-duration", &number},
+    {"id", &integer},      {"aspect-ratio", &aspectRatio}};
+constexpr ChildForm movieChildren[] = {{"finished-files", &finishedFiles},
+                                       {"attachment-thumbnail", &picture},
+                                       {"attachment-thumbnail-large", &picture},
+                                       {"chapters", &chapters}};
+constexpr ChildForm movieFileChildren[] = {{"filename", &fileName}};
+constexpr NodeForm movieFile{&movieForm, {}, movieFileChildren};
+constexpr ChildForm editableChildren[] = {{"editor.xml", &editorText}, {"vantra.xml", &timeline}};
+constexpr NodeForm editable{&movieForm, {}, editableChildren};
+constexpr PropertyForm themeProperties[] = {{"src", &text}};
+constexpr ChildForm moviesChildren[] = {{"movie", &movieForm, true}};
+constexpr NodeForm movies{nullptr, {}, moviesChildren};
+constexpr ChildForm themeChildren[] = {{"movies", &movies}};
+constexpr NodeForm theme{&movieForm, themeProperties, themeChildren};
+constexpr Variant movieVariants[] = {
+    {"movie-file", &movieFile}, {"slideshow", &editable}, {"edited-movie", &editable}, {"theme", &theme}};
+
+constexpr PropertyForm movieImageProperties[] = {{"chapter", &integer}, {"scale-mode", &scaleMode}};
+constexpr ChildForm movieImageChildren[] = {{"skin", &skinForm}, {"movie", &movieForm}};
+constexpr NodeForm movieImage{&animationImage, movieImageProperties, movieImageChildren};
 
 constexpr PropertyForm imageProperties[] = {{"noscale", &boolean}, {"filename", &text}};
 constexpr ChildForm imageChildren[] = {{"scale-margins", &margins}, {"attachment-bitmap", &picture}};
@@ -242,9 +299,10 @@ constexpr ElementKind kinds[] = {{"paper", &elementForm, Needs::size},
                                  {"state-button", &button, Needs::ownSizeOrNone},
                                  {"mirror", &mirror, Needs::size},
                                  {"label", &label, Needs::nothing},
-                                 {"animation", &animationImage, Needs::size, "animation-image"}};
+                                 {"animation", &animationImage, Needs::size, "animation-image"},
+                                 {"movie-image", &movieImage, Needs::size, "movie-image", "animation"}};
 
-constexpr std::string_view reservedKinds[] = {"base", "custom", "movie-image", "authed-state-button-action"};
+constexpr std::string_view reservedKinds[] = {"base", "custom"};
 
 // Names are nearly always written as here, and telling two texts apart is quick then.
 template <typename Form>
@@ -260,6 +318,9 @@ const Form* find(std::span<const Form> forms, std::string_view name) {
 
 constexpr NodeForm colourForm{nullptr, colourProperties, {}};
 constexpr NodeForm skinForm{nullptr, skinProperties, skinChildren};
+constexpr NodeForm movieForm{
+    .base = nullptr, .properties = movieProperties, .children = movieChildren, .variants = movieVariants};
+constexpr NodeForm actionForm{nullptr, actionProperties, {}};
 constexpr NodeForm dataForm{nullptr, dataProperties, dataChildren};
 constexpr NodeForm documentForm{nullptr, documentProperties, documentChildren, nullptr, true};
 constexpr NodeForm elementForm{nullptr, elementProperties, elementChildren};
@@ -269,12 +330,17 @@ std::span<const ElementKind> elementKinds() {
 }
 
 std::string_view plainKindOf(std::string_view name) {
-  if (name == "skin-button") return "state-button";
+  if (name == "skin-button" || sameName(name, "authed-state-button-action")) return "state-button";
   return sameName(name, "animation-image") ? "animation" : name;
 }
 
 const ElementKind* findElementKind(std::string_view name) {
   return find(elementKinds(), name);
+}
+
+bool isElementNode(std::string_view name) {
+  return std::any_of(std::begin(kinds), std::end(kinds),
+                     [&](const ElementKind& kind) { return sameName(kind.node, name); });
 }
 
 bool isReservedKind(std::string_view name) {

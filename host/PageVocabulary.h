@@ -26,6 +26,8 @@ struct ValueForm {
   bool clamps = false;
   // Words count only as they are written here, capitals included.
   bool exact = false;
+  // An empty value counts as none.
+  bool mayBeEmpty = false;
 };
 
 struct NodeForm;
@@ -41,7 +43,7 @@ struct ChildForm {
   bool repeated = false;
 };
 
-enum class Content { none, picture, richText };
+enum class Content { none, picture, richText, timeline, opaque };
 
 // A form that a node has if its property "type" says so.
 struct Variant {
@@ -69,18 +71,23 @@ struct ElementKind {
   const NodeForm* form;
   Needs needs;
   std::string_view typeName = {};  // without which the module makes none; empty if the name is enough
+  std::string_view node = name;    // what the nodes of this kind are named
 };
 
 extern const NodeForm documentForm;
 extern const NodeForm elementForm;
 extern const NodeForm colourForm;
 extern const NodeForm skinForm;
+extern const NodeForm movieForm;
+extern const NodeForm actionForm;
 extern const NodeForm dataForm;  // an entry of the extension data
 
 // The kinds that the module makes.
 std::span<const ElementKind> elementKinds();
 // Null for a name that is none of them.
 const ElementKind* findElementKind(std::string_view name);
+// Whether nodes of that name can be of one of the kinds.
+bool isElementNode(std::string_view name);
 // The kind whose form a name has: the name itself, except for type names of kinds that extend another one.
 std::string_view plainKindOf(std::string_view name);
 // Kinds and type names that are known and that the module does not make.

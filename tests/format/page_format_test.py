@@ -127,7 +127,7 @@ class Schema(unittest.TestCase):
                 path.write_text(page(self.animation(content) + self.animation("", ' type="animation-image" unique="3"')))
                 self.assertEqual(validate(path), "")
         self.wrong(self.animation(listed, ""))
-        self.wrong(self.animation(listed, ' type-name="movie-image"'))
+        self.wrong(self.animation(listed, ' type-name="movie"'))
         self.wrong(self.animation(listed + gif))
         for right, broken in ((' count="1"', ""), (' count="1"', ' count="one"'), ('"animation"', '"GIF"'),
                               ('"animation"', '"gif"'), ('extension="png"', ""), ("<frame0", '<frame0 delay="1"')):
@@ -202,8 +202,12 @@ class Examples(unittest.TestCase):
 
     def test_every_example_is_shown_and_nothing_is_wrong_with_it(self):
         with tempfile.TemporaryDirectory() as folder:
-            # The file that examples name.
+            # The files that examples name.
             (pathlib.Path(folder) / "photo.png").write_bytes(png(64, 36))
+            (pathlib.Path(folder) / "wall.xml").write_text('<theme width="160" height="90"><place number="1" width="80"/>'
+                                                           '<place movie="movie2" x="80" width="80"/></theme>')
+            subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "testsrc=s=64x36:d=2", "sea.mp4"], cwd=folder,
+                           check=True)
             for line, content in examples():
                 with self.subTest(line=line):
                     path = pathlib.Path(folder) / "page.xml"
