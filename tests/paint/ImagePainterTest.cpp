@@ -6,6 +6,7 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace graphics::test {
@@ -336,6 +337,26 @@ TEST_F(ImagePainterContext, LeavesTheContextAsItWas) {
   CImagePainterContext(context_.get()).PaintInRect({0, 2, 60, 5}, bitmap, {.left = 1}, 1.0);
   context_->DrawBitmap(bitmap, 0, 20, 60, 1);
   EXPECT_EQ(canvas_.At(29, 20), before);
+}
+
+TEST_F(ImagePainterContext, EnlargesEachPixelToASquareWhateverTheScale) {
+  // Sharp within a pixel: far enlarged on both axes, on one of them, and beyond what is enlarged in two steps.
+  const wxBitmap small = Quarters(2, 2), flat = Quarters(2, 20), large = Quarters(400, 400);
+  const std::pair<const wxBitmap*, CDoubleRect> cases[] = {
+      {&small, {-370, -380, 800, 800}}, {&flat, {-370, 0, 800, 40}}, {&large, {-69970, -69980, 140000, 140000}}};
+  for (const auto& [bitmap, place] : cases) {
+    CCanvas canvas(60, 40);
+    CSmoothEffectDC smooth(canvas.dc);
+    const auto target = smooth.CreateEffectContext();
+    CImagePainterContext(target.get()).PaintInRect(place, *bitmap, {}, 1.0);
+    smooth.Flush();
+    EXPECT_EQ(canvas.At(3, 3), kRed);
+    EXPECT_EQ(canvas.At(28, 18), kRed);
+    EXPECT_EQ(canvas.At(32, 18), (CPixel{0, 255, 0, 255}));
+    EXPECT_EQ(canvas.At(28, 22), kBlue);
+    EXPECT_EQ(canvas.At(32, 22), kWhite);
+    EXPECT_EQ(canvas.At(56, 36), kWhite);
+  }
 }
 
 }  // namespace graphics::test

@@ -1,5 +1,6 @@
 #include "graphics/paint/native/DrawingTarget.h"
 
+#include "graphics/paint/native/BitmapPixels.h"
 #include "graphics/paint/native/NativeState.h"
 
 #include <cairo.h>
@@ -7,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 namespace graphics {
 
@@ -17,6 +19,9 @@ constexpr double kSmallestScale = 1.0 / 16384;
 constexpr double kLargestScale = 1.0e6;
 /// Averaging so many source pixels into one costs more than anyone sees.
 constexpr double kSmallestFilteredScale = 1.0 / 256;
+/// Beyond this the graphics library takes a multiple of the time to draw the same squares.
+constexpr double kLargestFilteredScale = 32;
+constexpr std::int64_t kMostEnlargedPixels = std::int64_t{1} << 20;
 constexpr double kFarthest = 1.0e6;
 
 class CSavedState {
@@ -100,9 +105,52 @@ struct CScale {
     const double y = std::hypot(matrix.xy, matrix.yy);
     smaller = std::min(x, y);
     larger = std::max(x, y);
+    across = x;
+    down = y;
   }
   double smaller, larger;
+  double across, down;
 };
+
+/// How often each pixel is put down before the rest of the scale is filtered.
+int RepeatsFor(double scale) {
+  return scale > kLargestFilteredScale ? static_cast<int>(scale / (kLargestFilteredScale / 2)) : 1;
+}
+
+/// The source with each pixel put down several times. Null if that takes too many pixels.
+cairo_surface_t* Enlarged(cairo_surface_t* source, const wxSize& size, int across, int down) {
+  const std::int64_t width = std::int64_t{size.x} * across, height = std::int64_t{size.y} * down;
+  if (width > kLargestBitmapEdge || height > kLargestBitmapEdge || width * height > kMostEnlargedPixels) return nullptr;
+  cairo_surface_t* const result = cairo_surface_create_similar_image(source, cairo_image_surface_get_format(source),
+                                                                     size.x * across, size.y * down);
+  cairo_t* const native = cairo_create(result);
+  cairo_scale(native, across, down);
+  cairo_set_source_surface(native, source, 0, 0);
+  cairo_pattern_set_filter(cairo_get_source(native), CAIRO_FILTER_NEAREST);
+  cairo_set_operator(native, CAIRO_OPERATOR_SOURCE);
+  cairo_paint(native);
+  cairo_destroy(native);
+  return result;
+}
+
+/// Sets the source and the filter for a picture that is scaled so. Far enlarged, it is enlarged in two steps.
+void SetPictureSource(cairo_t* native, cairo_surface_t* picture, const wxSize& size, cairo_filter_t filter,
+                      const CScale& scale) {
+  cairo_set_source_surface(native, picture, 0, 0);
+  if (filter == CAIRO_FILTER_BEST && scale.larger > kLargestFilteredScale) {
+    const int across = RepeatsFor(scale.across), down = RepeatsFor(scale.down);
+    if (cairo_surface_t* const enlarged = Enlarged(picture, size, across, down)) {
+      cairo_set_source_surface(native, enlarged, 0, 0);
+      cairo_surface_destroy(enlarged);
+      cairo_matrix_t matrix;
+      cairo_matrix_init_scale(&matrix, across, down);
+      cairo_pattern_set_matrix(cairo_get_source(native), &matrix);
+    } else {
+      filter = CAIRO_FILTER_NEAREST;
+    }
+  }
+  cairo_pattern_set_filter(cairo_get_source(native), filter);
+}
 
 }  // namespace
 
@@ -149,8 +197,7 @@ void DrawBitmapPartInto(wxGraphicsContext& context, const wxBitmap& bitmap, cons
   const auto filter =
       scale.smaller < kSmallestFilteredScale ? CAIRO_FILTER_BILINEAR : static_cast<cairo_filter_t>(FilterOf(native));
   const CSurfacePart picture(SurfaceOf(bitmap, native), part);
-  cairo_set_source_surface(native, picture.Get(), 0, 0);
-  cairo_pattern_set_filter(cairo_get_source(native), filter);
+  SetPictureSource(native, picture.Get(), part.GetSize(), filter, scale);
   const wxMask* const mask = useMask ? bitmap.GetMask() : nullptr;
   if (mask) {
     const CSurfacePart maskPart(*mask, part);
