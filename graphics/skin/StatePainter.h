@@ -30,7 +30,8 @@ public:
   void Paint(const CState& state, CPaintContext& context, TEffectGraphicsContext& target, const CDoubleRect& rect,
              ITextSource* texts, IAnimationSource* animations, ICustomLayerPainter* painter);
 
-  /// True if the pictures of a state are drawn into a bitmap that lies on the rectangle's pixels, and not on the target.
+  /// True if the pictures of a state are drawn into a bitmap that lies on the rectangle's pixels, and not on the
+  /// target.
   static bool UsesOffscreen(const CState& state, TEffectGraphicsContext& target, const CDoubleRect& rect,
                             ITextSource* texts, IAnimationSource* animations);
 
