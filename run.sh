@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and renders.
-#   ./run.sh                    the animated menu of the samples over a clip, to out/menu.png and out/menu.mp4
+#   ./run.sh                    the menu of a disc, whose buttons play their films, to out/menu.png and out/menu.mp4
 #   ./run.sh PAGE.xml [...]     whatever `mfilter render` takes; ./run.sh --help tells
 # What it does is said on standard error, so that "-o -" can be piped.
 set -euo pipefail
@@ -11,7 +11,7 @@ prepare() {
   tools/install-dependencies.sh
   echo "Building"
   cmake --preset release > /dev/null
-  cmake --build --preset release --target mfilter_command
+  cmake --build --preset release --target mfilter_command vantraplugin
 }
 (prepare) >&2
 
@@ -21,15 +21,12 @@ if [ $# -gt 0 ]; then
 fi
 
 out=$root/out
-page=$root/samples/animated-menu.xml
-clip=$out/clip.mp4
-mkdir -p "$out"
-if [ ! -e "$clip" ] || [ "$root/samples/make-clip.sh" -nt "$clip" ]; then
-  echo "Making the clip" >&2
-  "$root/samples/make-clip.sh" "$clip"
-fi
-echo "Rendering the animated menu over it" >&2
-"$mfilter" render "$page" --input "$clip" --frames 50-50 -o "$out/menu.png"
-"$mfilter" render "$page" --input "$clip" -o "$out/menu.mp4"
+disc=$root/samples/disc
+# The page names its movies without a folder: it is rendered where they are.
+"$disc/make-movies.sh" "$out/movies" >&2
+cd "$out/movies"
+echo "Rendering the menu of the disc" >&2
+"$mfilter" render "$disc/menu.xml" --themes "$disc" --frames 60-60 -o "$out/menu.png"
+"$mfilter" render "$disc/menu.xml" --themes "$disc" --duration 6 -o "$out/menu.mp4"
 echo "$out/menu.png"
 echo "$out/menu.mp4"

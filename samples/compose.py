@@ -10,6 +10,7 @@ A page holds its pictures and rich texts in base64. A source in samples/sources/
 The page of zip-menu/ has them in an archive beside it instead, under names.
 
 Usage: samples/compose.py             writes samples/NAME.xml for each samples/sources/NAME.xml, and samples/zip-menu/
+                                      and samples/disc/menu.xml for disc.xml
        samples/compose.py --check     says which of them are not what their source gives
        samples/compose.py SOURCE      writes the page of any source to standard output
 """
@@ -26,6 +27,7 @@ import gif
 
 SAMPLES = Path(__file__).resolve().parent
 ARCHIVED = "chapter-menu.xml"
+TARGETS = {"disc.xml": "disc/menu.xml"}  # of the others, the name of the source
 
 ANIMATION = re.compile(r'<animation ([^>]*?) ?file="([^"]+)"/>')
 PICTURE = re.compile(r'<([\w-]+) file="([^"]+)"/>')
@@ -126,7 +128,7 @@ def outputs():
     """What is written, and the source that it is made of."""
     for source in sorted((SAMPLES / "sources").glob("*.xml")):
         text = source.read_text(encoding="utf-8")
-        yield SAMPLES / source.name, compose(text, source.parent).encode(), source
+        yield SAMPLES / TARGETS.get(source.name, source.name), compose(text, source.parent).encode(), source
         if source.name == ARCHIVED:
             page, archive = compose_with_archive(text, source.parent)
             yield SAMPLES / "zip-menu" / "menu.xml", page.encode(), source

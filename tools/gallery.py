@@ -39,7 +39,8 @@ def run(*command, **options):
 
 def draw(mfilter, source, frames, picture):
     run("xmllint", "--noout", "--huge", "--relaxng", ROOT / "docs" / "page.rng", source)
-    render = [mfilter, "render", source, "--input", BACKGROUND]
+    # The files of movies need not be there: their still pictures do.
+    render = [mfilter, "render", source, "--input", BACKGROUND, "--no-movies"]
     if not frames:
         run(*render, "--size", SIZE, "-o", picture)
         return

@@ -232,8 +232,9 @@ def sample(picture, x, y):
     return top * (1 - ty) + bottom * ty
 
 
-def develop(light, exposure=1.0, grain=0.0045, vignette=0.35, warm=0.0, saturation=1.0, shadows="#0a1420", seed=1):
-    """Linear light to a picture of SIZE: tone curve, split toning, vignette, grain."""
+def develop(light, exposure=1.0, grain=0.0045, vignette=0.35, warm=0.0, saturation=1.0, shadows="#0a1420", seed=1,
+            size=SIZE):
+    """Linear light to a picture of a size: tone curve, split toning, vignette, grain."""
     height, width = light.shape[:2]
     u, v = grid(width, height)
     fall = 1 - vignette * smooth(0.25, 1.05, np.hypot((u - 0.5) * 1.15, v - 0.5) * 1.45)
@@ -244,7 +245,7 @@ def develop(light, exposure=1.0, grain=0.0045, vignette=0.35, warm=0.0, saturati
     film = light * (2.51 * light + 0.03) / (light * (2.43 * light + 0.59) + 0.14)
     film = np.clip(film, 0, 1)
     film = film + colour(shadows) * (1 - film) ** 6 * 0.8
-    picture = Image.fromarray(np.uint8(np.clip(film, 0, 1) ** (1 / 2.2) * 255 + 0.5)).resize(SIZE, Image.LANCZOS)
+    picture = Image.fromarray(np.uint8(np.clip(film, 0, 1) ** (1 / 2.2) * 255 + 0.5)).resize(size, Image.LANCZOS)
     pixels = np.asarray(picture).astype(float) / 255
     random = np.random.default_rng(seed)
     coarse = blur(random.normal(0, 1, pixels.shape[:2]), 0.75) * 2.2

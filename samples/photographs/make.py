@@ -47,12 +47,17 @@ def save(picture, path, quality):
 def main():
     folder = Path(__file__).resolve().parent.parent / "sources" / "pictures"
     folder.mkdir(parents=True, exist_ok=True)
-    for name in sys.argv[1:] or [*SCENES, *STILLS, *MOVING]:
+    for name in sys.argv[1:] or [*SCENES, "fjord", *STILLS, *MOVING]:
         if name in STILLS:
             save(STILLS[name](), folder / f"{name}.png", None)
             continue
         if name in MOVING:
             moving.save(name, folder)
+            continue
+        if name == "fjord":
+            picture, sky = importlib.import_module(name).make()
+            save(picture, folder / "fjord.jpg", 84)
+            save(sky, folder / "fjord-sky.png", None)
             continue
         picture = importlib.import_module(name).make()
         if name in WHOLE:
