@@ -1,16 +1,20 @@
 #include "graphics/skin/AnimationLayer.h"
 
+#include "graphics/elements/ScaledCopy.h"
 #include "graphics/geometry/XmlGeometry.h"
 #include "graphics/geometry/XmlNode.h"
 #include "graphics/geometry/XmlValues.h"
 #include "graphics/model/ResourceStore.h"
-#include "graphics/paint/EffectGraphicsContext.h"
+#include "graphics/paint/EffectDC.h"
 #include "graphics/paint/ImagePainter.h"
 #include "graphics/paint/MaskPictures.h"
+#include "graphics/paint/PixelRange.h"
 #include "graphics/skin/AnimationSource.h"
+#include "graphics/skin/Offscreen.h"
 
 #include <wx/filename.h>
 
+#include <cmath>
 #include <cstddef>
 
 namespace graphics::skin {
@@ -35,7 +39,29 @@ std::unique_ptr<wxBitmap> CopyOf(const wxBitmap& bitmap) {
   return bitmap.IsOk() ? std::make_unique<wxBitmap>(bitmap) : nullptr;
 }
 
+bool IsWhole(double number) {
+  return number == std::round(number);
+}
+
+CDoubleRect RectIn(const wxRect& rect) {
+  return {static_cast<double>(rect.x), static_cast<double>(rect.y), static_cast<double>(rect.width),
+          static_cast<double>(rect.height)};
+}
+
+/// True if a copy at the size that it is shown in would give the very same pixels.
+bool MayKeep(const TEffectGraphicsContext& target, const wxSize& size, const wxBitmap& bitmap,
+             const CMargins& margins) {
+  if (target.alphaMask || !HasExtent(size) || !FitsOffscreen(size) || size == bitmap.GetSize()) return false;
+  if (margins.left != 0 || margins.top != 0 || margins.right != 0 || margins.bottom != 0) return false;
+  double a = 0, b = 0, c = 0, d = 0, tx = 0, ty = 0;
+  target.GetTransform().Get(&a, &b, &c, &d, &tx, &ty);
+  return a == 1 && b == 0 && c == 0 && d == 1 && IsWhole(tx) && IsWhole(ty);
+}
+
 }  // namespace
+
+CAnimationLayer::CAnimationLayer() = default;
+CAnimationLayer::~CAnimationLayer() = default;
 
 void CAnimationLayer::SetAttachmentBitmap(const wxBitmap& bitmap) {
   attachmentBitmap_ = CopyOf(bitmap);
@@ -76,7 +102,32 @@ void CAnimationLayer::Paint(CPaintContext& /*context*/, TEffectGraphicsContext& 
     const wxPoint corner = AlignIn(box, fitting);
     place = {static_cast<double>(corner.x), static_cast<double>(corner.y), fitting.width, fitting.height};
   }
-  CImagePainterContext(&target).PaintInRect(place, bitmap, scaleMargins, 1.0);
+  if (const wxRect pixels = ToPixelRect(place); MayKeep(target, pixels.GetSize(), bitmap, scaleMargins))
+    PaintStretched(target, pixels, bitmap);
+  else
+    CImagePainterContext(&target).PaintInRect(place, bitmap, scaleMargins, 1.0);
+}
+
+/// Stretching takes much longer than laying the result over what is there. It is kept from the second time on: many
+/// skins are painted once.
+void CAnimationLayer::PaintStretched(TEffectGraphicsContext& target, const wxRect& place, const wxBitmap& bitmap) {
+  const bool isSame = stretchedTo_ == place.GetSize() && stretchedFrom_.IsSameAs(bitmap);
+  if (!isSame) stretched_.reset();
+  stretchedTo_ = place.GetSize();
+  stretchedFrom_ = bitmap;
+  if (!isSame) return CImagePainterContext(&target).PaintInRect(RectIn(place), bitmap, scaleMargins, 1.0);
+  if (!stretched_ || !stretched_->IsOk()) {
+    wxBitmap copy = MakeAlphaBitmap(place.width, place.height);
+    {
+      TEffectDC<wxGCDC, wxBitmap&> dc(copy);
+      const auto context = dc.CreateEffectContext();
+      CImagePainterContext(context.get()).PaintInRect(RectOf(place.GetSize()), bitmap, scaleMargins, 1.0);
+      dc.Flush();
+    }
+    stretched_ = std::make_unique<CScaledCopy>(copy);
+  }
+  stretched_->Touch();
+  target.DrawBitmap(*stretched_, place.x, place.y, place.width, place.height);
 }
 
 /// The key is an address, where a later bitmap may lie as well.

@@ -7,12 +7,19 @@
 #include <map>
 #include <memory>
 
+namespace graphics {
+class CScaledCopy;
+}
+
 namespace graphics::skin {
 
 /// A bitmap: one fixed to the layer, one from the animation source, or one of the layer's named ones.
 class CAnimationLayer : public CLayer {
 public:
   static constexpr const char* kTypeName = "animation";
+
+  CAnimationLayer();
+  ~CAnimationLayer() override;
 
   /// A copy, or none for a bitmap that isn't ok.
   void SetAttachmentBitmap(const wxBitmap& bitmap);
@@ -50,10 +57,15 @@ private:
   };
 
   const wxBitmap& MaskToAlpha(const wxBitmap& bitmap);
+  void PaintStretched(TEffectGraphicsContext& target, const wxRect& place, const wxBitmap& bitmap);
 
   std::unique_ptr<wxBitmap> attachmentBitmap_;
   std::map<const wxBitmap*, CAlphaCopy> alphaCache_;
   std::map<wxString, std::unique_ptr<wxBitmap>> props_;
+  /// What was stretched last, to which size, and the result if it was the same the time before.
+  wxBitmap stretchedFrom_;
+  wxSize stretchedTo_;
+  std::unique_ptr<CScaledCopy> stretched_;
 };
 
 }  // namespace graphics::skin

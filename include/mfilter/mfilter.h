@@ -20,9 +20,9 @@
  *
  * Errors
  *   Only mfilter_setParam reports through its result and mfilter_getLastError. What goes wrong in the other functions,
- *   a page with an element of an unknown type for instance, leaves them as a C++ exception derived from
- *   std::exception. A handle other than one of mfilter_initInfoStore is not detected, except for a null handle in
- *   mfilter_releaseInfoStore.
+ *   a page with an element of an unknown type for instance, or one with movies where there is no backend library,
+ *   leaves them as a C++ exception derived from std::exception. The instance can be closed and released then. A handle
+ *   other than one of mfilter_initInfoStore is not detected, except for a null handle in mfilter_releaseInfoStore.
  *
  * No display, no window and no event loop is needed.
  */
@@ -77,13 +77,14 @@ MFILTER_API int32_t MFILTER_CALL mfilter_releaseInfoStore(void* handle);
  *   frameratenum, framerateden
  *                          frames a second, as a fraction
  *   basedirs.filter.uri, basedirs.animation.uri, basedirs.theme.uri
- *                          URIs, UTF-8
+ *                          URIs of the folders that filters, movies and themes lie in which are named without one,
+ *                          UTF-8
  * Numbers are read as far as they go; a text without a number gives 0.
  */
 MFILTER_API int32_t MFILTER_CALL mfilter_setParam(void* handle, const char* key, const char* value);
 
-/* Loads the page and makes ready for frames. Always returns 0. A page whose aspect ratio differs from that of the frame
- * by more than 0.2 is not shown: its frames hold the input alone. */
+/* Loads the page, opens its movies and makes ready for frames. Always returns 0. A page whose aspect ratio differs from
+ * that of the frame by more than 0.2 is not shown: its frames hold the input alone. */
 MFILTER_API int32_t MFILTER_CALL mfilter_open(void* handle);
 
 /* The number of input images that the instance wants: 1, or 0 with "noalpha". */
@@ -95,7 +96,7 @@ MFILTER_API int32_t MFILTER_CALL mfilter_getInputCount(void* handle);
 MFILTER_API int32_t MFILTER_CALL mfilter_setInputImage(void* handle, intptr_t, intptr_t, intptr_t, intptr_t, intptr_t,
                                                        const void* pixels, int32_t stride);
 
-/* Moves all animations on by one frame. Always returns 0. */
+/* Moves all animations and movies on by one frame. Always returns 0. */
 MFILTER_API int32_t MFILTER_CALL mfilter_nextFrame(void* handle);
 
 /* Paints the frame, if anything has changed since the last one, and hands out its first row and its stride. The memory
@@ -110,7 +111,7 @@ MFILTER_API int32_t MFILTER_CALL mfilter_endReadFrame(void* handle);
 /* Tells the instance that its next calls come from another thread. Always returns 1. */
 MFILTER_API int32_t MFILTER_CALL mfilter_newThread(void* handle);
 
-/* Stops all animations. Frees nothing. Always returns 0. */
+/* Stops all animations and movies. Frees nothing. Always returns 0. */
 MFILTER_API int32_t MFILTER_CALL mfilter_close(void* handle);
 
 /* The message of the last mfilter_setParam that failed: at most MFILTER_ERROR_SIZE bytes, valid as long as the instance

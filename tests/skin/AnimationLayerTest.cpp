@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace graphics::skin {
 
 namespace {
@@ -137,6 +139,36 @@ TEST_F(AnimationLayer, LeavesOutWhatAMaskLetsThrough) {
   Paint({3, 3, 10, 10});
   EXPECT_EQ(page_.At(3, 3), kRed);
   EXPECT_EQ(page_.Ink().count, 1);
+}
+
+TEST_F(AnimationLayer, GivesTheSamePixelsWhenItIsPaintedAgain) {
+  wxImage noise(23, 17);
+  noise.InitAlpha();
+  unsigned seed = 1;
+  const auto next = [&] { return static_cast<unsigned char>((seed = seed * 1664525 + 1013904223) >> 24); };
+  for (int y = 0; y < 17; ++y)
+    for (int x = 0; x < 23; ++x) {
+      noise.SetRGB(x, y, next(), next(), next());
+      noise.SetAlpha(x, y, next());
+    }
+  layer_->SetAttachmentBitmap(wxBitmap(noise));
+  // Smaller, larger, and with a picture that has changed in between.
+  for (const CDoubleRect rect :
+       {CDoubleRect{3, 2, 31, 29}, CDoubleRect{1, 4, 11, 8}, CDoubleRect{0.4, 2.6, 30.3, 9.9}}) {
+    std::vector<std::vector<std::uint8_t>> painted;
+    for (int time = 0; time < 4; ++time) {
+      CLayerPage page;
+      page.target->context->SetBrush(wxBrush(wxColour(90, 160, 30, 140)));
+      page.target->context->SetPen(*wxTRANSPARENT_PEN);
+      page.target->context->DrawRectangle(0, 0, 20, 40);
+      layer_->Paint(page.context, *page.target, rect, nullptr, nullptr, nullptr);
+      page.smooth.Flush();
+      const CBitmapSurface surface(page.bitmap);
+      const CPixels& pixels = surface.Pixels();
+      painted.emplace_back(pixels.data, pixels.Row(pixels.height));
+    }
+    for (const auto& bytes : painted) EXPECT_TRUE(bytes == painted.front());
+  }
 }
 
 TEST_F(AnimationLayer, IsNotMisledByANewBitmapAtAFormerAddress) {
