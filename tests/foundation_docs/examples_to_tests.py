@@ -1,10 +1,13 @@
-"""Writes a test program of the C++ examples of a document: one test each, named after its section."""
+"""Writes a test program of the C++ examples of a document: one test each, named after its section.
+
+Usage: examples_to_tests.py DOCUMENT TARGET [SUITE NAMESPACE]
+"""
 
 import re
 import sys
 
 
-def main(document, target):
+def main(document, target, suite="Foundation", namespace="orlo"):
     includes, tests, section, count = [], [], "", 0
     block, start = None, 0
     with open(document, encoding="utf-8") as lines:
@@ -17,7 +20,7 @@ def main(document, target):
                     block, start = [], number + 1
             elif line == "```":
                 count += 1
-                tests.append(f'TEST(Foundation, {section}Example{count}) {{\n#line {start} "{document}"\n'
+                tests.append(f'TEST({suite}, {section}Example{count}) {{\n#line {start} "{document}"\n'
                              + "\n".join(block) + "\n}\n")
                 block = None
             elif line.startswith("#include"):
@@ -30,7 +33,8 @@ def main(document, target):
     with open(target, "w", encoding="utf-8") as out:
         out.write("\n".join(sorted(set(includes))) + "\n\n#include <gtest/gtest.h>\n\n#include <string>\n\n"
                   "#undef assert\n#define assert(condition) EXPECT_TRUE(condition)\n\n"
-                  "namespace orlo {\nnamespace {\n\n" + "\n".join(tests) + "\n}  // namespace\n}  // namespace orlo\n")
+                  f"namespace {namespace} {{\nnamespace {{\n\n" + "\n".join(tests) +
+                  f"\n}}  // namespace\n}}  // namespace {namespace}\n")
 
 
 if __name__ == "__main__":
