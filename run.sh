@@ -26,7 +26,7 @@ disc=$root/samples/disc
 "$disc/make-movies.sh" "$out/movies" >&2
 cd "$out/movies"
 echo "Rendering the menu of the disc" >&2
-"$mfilter" render "$disc/menu.xml" --themes "$disc" --frames 60-60 -o "$out/menu.png"
+"$mfilter" render "$disc/menu.xml" --themes "$disc" --frames 67-67 -o "$out/menu.png"
 "$mfilter" render "$disc/menu.xml" --themes "$disc" --duration 6 -o "$out/menu.mp4"
 echo "$out/menu.png"
 echo "$out/menu.mp4"
