@@ -8,6 +8,10 @@
 #include <sstream>
 #include <stdexcept>
 
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
 namespace script {
 
 namespace {
@@ -56,8 +60,13 @@ void ThrowOf(EError error) {
       throw CRopError();
     case EError::sul:
       throw CSulError();
-    case EError::orlo:
+    case EError::orlo: {
+#ifdef __SANITIZE_ADDRESS__
+      // What the foundation keeps for good can't be found any more once the library has been unloaded.
+      const __lsan::ScopedDisabler forGood;
+#endif
       throw orlo::CError("orlo");
+    }
     case EError::standard:
       throw std::runtime_error("standard");
     case EError::unknown:
