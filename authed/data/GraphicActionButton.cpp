@@ -142,7 +142,8 @@ void CGraphicActionButton::Assign(const CGraphicBase& other) {
 
 orlo::P<CGraphicElement> CGraphicActionButton::Clone() const {
   const auto clone = orlo::makeObject<CGraphicActionButton>();
-  clone->Assign(*this);
+  clone->CGraphicSkinButton::Assign(*this);
+  clone->action_->CopyFrom(*action_);
   if (element_) clone->SetElement(element_->Clone());
   return clone;
 }

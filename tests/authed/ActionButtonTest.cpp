@@ -209,6 +209,18 @@ TEST_F(ActionButton, SharesTheElementWithinWhenAssignedAndCopiesItWhenCloned) {
   EXPECT_EQ(button_->GetElement().get(), inner_.get());
 }
 
+TEST_F(ActionButton, LeavesTheElementWithinWhereItIsWhenCloned) {
+  button_->SetElement(inner_);
+  inner_->SetCenter({-7, 9});
+  inner_->SetSize({3, 4});
+  const orlo::P<CGraphicElement> element = button_->Clone();
+  auto* const clone = orlo::cast<CGraphicActionButton>(element);
+  EXPECT_EQ(inner_->GetCenter(), (CDoublePoint{-7, 9}));
+  EXPECT_EQ(inner_->GetSize(), (CDoubleSize{3, 4}));
+  EXPECT_EQ(clone->GetElement()->GetCenter(), button_->GetCenter());
+  EXPECT_EQ(clone->GetElement()->GetSize(), button_->GetSize());
+}
+
 TEST_F(ActionButton, LosesItsElementToAButtonWithoutOneAndKeepsItForOtherKinds) {
   button_->SetElement(inner_);
   button_->GetAction()->SetType(EActionType::play);
