@@ -20,11 +20,12 @@ void CAnimationExtractorThread::RequestStop() {
 }
 
 wxThread::ExitCode CAnimationExtractorThread::Entry() {
+  if (mode_ == EMode::close) {
+    extractor_->Close();
+    return nullptr;
+  }
   try {
-    if (mode_ == EMode::open)
-      Open();
-    else
-      extractor_->Close();
+    Open();
   } catch (...) {
     static_cast<void>(CError::OfCurrent());
     extractor_->Clear();

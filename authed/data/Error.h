@@ -56,4 +56,14 @@ private:
   std::string what_;
 };
 
+/// What the call throws ends the call and nothing else.
+template <class Call>
+void Quietly(Call call) noexcept {
+  try {
+    call();
+  } catch (...) {
+    static_cast<void>(CError::OfCurrent());
+  }
+}
+
 }  // namespace authed::data

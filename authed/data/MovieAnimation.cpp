@@ -41,19 +41,14 @@ auto Translated(Call call) {
   }
 }
 
-/// What the backend throws ends the call and nothing else.
-template <class Call>
-void Quietly(Call call) noexcept {
-  try {
-    call();
-  } catch (...) {
-    static_cast<void>(CError::OfCurrent());
-  }
+wxSize SizeOf(IAnimationExtractor& backend) {
+  const std::int32_t width = backend.GetWidth();
+  return {width, backend.GetHeight()};
 }
 
-bool IsPictureSize(std::int32_t width, std::int32_t height) {
-  return width >= 1 && height >= 1 && width <= kLargestMovieEdge && height <= kLargestMovieEdge &&
-         std::int64_t{width} * height <= kLargestMovieArea;
+bool IsPictureSize(const wxSize& size) {
+  return size.x >= 1 && size.y >= 1 && size.x <= kLargestMovieEdge && size.y <= kLargestMovieEdge &&
+         std::int64_t{size.x} * size.y <= kLargestMovieArea;
 }
 
 }  // namespace
@@ -90,8 +85,9 @@ bool CMovieAnimation::StartExtraction(std::int64_t frameRateNum, std::int64_t fr
     if (settings_.startTime > 0) backend->Seek(settings_.startTime, CMovieExtractor::kSeekToFrame);
     backend->Start();
     const bool isThere = backend->Advance();
+    const wxSize size = SizeOf(*backend);
     extractor->AnswerToThisThread();
-    if (!Take(extractor, nullptr)) return false;
+    if (!Take(extractor, size, nullptr)) return false;
     if (isThere) CopyFrame(*extractor);
     return true;
   });
@@ -114,7 +110,7 @@ void CMovieAnimation::Start() {
   ForgetTimes();
   AbortOpening();
   if (!infile_) return;
-  try {
+  Quietly([&] {
     const COpening opening{orlo::getSignalFactory()->createSignal(), Prepare(folders_, {})};
     std::unique_ptr<CWorkerThread> thread = std::make_unique<CAnimationExtractorThread>(
         opening.stop, opening.extractor, CAnimationExtractorThread::CStart{0, 1, settings_.startTime}, this);
@@ -123,9 +119,7 @@ void CMovieAnimation::Start() {
       opening_ = opening;
     }
     if (!CWorkerThread::Start(thread)) AbortOpening();
-  } catch (...) {
-    static_cast<void>(CError::OfCurrent());
-  }
+  });
 }
 
 void CMovieAnimation::OnExtractorReady(const orlo::P<CMovieExtractor>& extractor) {
@@ -139,7 +133,7 @@ void CMovieAnimation::OnExtractorReady(const orlo::P<CMovieExtractor>& extractor
   if (fast) backend->SetSpeed(kFastSpeed);
   extractor->AnswerToThisThread();
   backend->Start();
-  if (!Take(extractor, extractor)) Fail(extractor);
+  if (!Take(extractor, SizeOf(*backend), extractor)) Fail(extractor);
 }
 
 /// Without an answer to the listener's caller: an opening that has been replaced meanwhile is nothing to stop for.
@@ -229,7 +223,7 @@ void CMovieAnimation::AbortOpening() {
   }
   if (!opening.extractor) return;
   opening.stop->set();
-  Quietly([&] { opening.extractor->Close(); });
+  opening.extractor->Close();
 }
 
 void CMovieAnimation::ForgetTimes() {
@@ -265,13 +259,12 @@ orlo::P<CMovieExtractor> CMovieAnimation::Prepare(const CFolders& folders, const
 
 /// From now on the extractor is the one that is played. Not if another opening than the expected one is under way, and
 /// not if its pictures have no size that they can have.
-bool CMovieAnimation::Take(const orlo::P<CMovieExtractor>& extractor, const orlo::P<CMovieExtractor>& expected) {
-  const std::int32_t width = extractor->Get()->GetWidth();
-  const std::int32_t height = extractor->Get()->GetHeight();
-  if (!IsPictureSize(width, height)) return false;
+bool CMovieAnimation::Take(const orlo::P<CMovieExtractor>& extractor, const wxSize& size,
+                           const orlo::P<CMovieExtractor>& expected) {
+  if (!IsPictureSize(size)) return false;
   orlo::P<CMovieExtractor> older;
   const CToolkitLock toolkit;
-  wxBitmap frame = MakeAlphaBitmap(width, height);
+  wxBitmap frame = MakeAlphaBitmap(size.x, size.y);
   const orlo::CMutexLock guard(lock_);
   if (opening_.extractor != expected) return false;
   opening_ = {};

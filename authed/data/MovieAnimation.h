@@ -117,7 +117,7 @@ private:
   static CRate RateOf(std::int64_t num, std::int64_t den);
   orlo::P<CMovieExtractor> FindExtractor() const;
   orlo::P<CMovieExtractor> Prepare(const CFolders& folders, const CRate& rate) const;
-  bool Take(const orlo::P<CMovieExtractor>& extractor, const orlo::P<CMovieExtractor>& expected);
+  bool Take(const orlo::P<CMovieExtractor>& extractor, const wxSize& size, const orlo::P<CMovieExtractor>& expected);
   void Fail(const orlo::P<CMovieExtractor>& extractor);
   void AbortOpening();
   void MeasureDelay(bool isNew, double time);

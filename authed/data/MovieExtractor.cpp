@@ -1,5 +1,7 @@
 #include "authed/data/MovieExtractor.h"
 
+#include "authed/data/Error.h"
+
 #include <string>
 #include <utility>
 
@@ -23,23 +25,27 @@ CMovieExtractor::CMovieExtractor(const vantra::infilexml::CInfile& infile,
 void CMovieExtractor::Open(std::int32_t firstFrame, std::int32_t flag) {
   orlo::P<vantra::IAnimationExtractor> extractor =
       handler_->GetAnimationExtractor(request_->params, context_.get(), firstFrame, flag, 0);
-  const std::lock_guard guard(lock_);
-  extractor_ = extractor;
-  if (extractor_ && isClosed_) extractor_->Close();
+  bool isClosed = false;
+  {
+    const std::lock_guard guard(lock_);
+    extractor_ = extractor;
+    isClosed = isClosed_;
+  }
+  if (isClosed) Close();
 }
 
 void CMovieExtractor::AnswerToThisThread() {
   extractor_->SetMessageTarget(handler_->CreateMessage(kMessageKind).get());
 }
 
-void CMovieExtractor::Close() {
+void CMovieExtractor::Close() noexcept {
   orlo::P<vantra::IAnimationExtractor> extractor;
   {
     const std::lock_guard guard(lock_);
     isClosed_ = true;
     extractor = extractor_;
   }
-  if (extractor) extractor->Close();
+  if (extractor) Quietly([&] { extractor->Close(); });
 }
 
 void CMovieExtractor::Clear() {

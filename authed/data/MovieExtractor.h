@@ -26,9 +26,10 @@ public:
   vantra::IAnimationExtractor* Get() const { return extractor_.get(); }
   /// From now on the extractor answers to the calling thread.
   void AnswerToThisThread();
-  /// Ends decoding for good, also from another thread. An extractor that is still to come is closed when it comes.
-  void Close();
-  /// Gives the backend's objects back.
+  /// Ends decoding for good, also from another thread. An extractor that is still to come is closed when it comes. What
+  /// goes wrong is told to nobody.
+  void Close() noexcept;
+  /// Gives the backend's objects back. Nobody else may have them.
   void Clear();
 
 private:

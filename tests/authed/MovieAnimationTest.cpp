@@ -7,6 +7,7 @@
 #include "tests/authed/Movies.h"
 
 #include <limits>
+#include <thread>
 
 namespace authed::data {
 
@@ -88,6 +89,37 @@ TEST_F(MovieExtraction, TellsTheBackendWhatToPlay) {
   EXPECT_EQ(backend->GetCalls(EOperation::start), 1);
 }
 
+TEST_F(MovieExtraction, CallsTheBackendInAFixedOrder) {
+  CMovieAnimationSettings settings;
+  settings.startTime = 2.5;
+  const auto animation = Animation(settings);
+  EXPECT_TRUE(Extract(*animation));
+  std::vector<EOperation> order = backend->GetOrder();
+  const std::vector<EOperation> expected = {EOperation::createContext,
+                                            EOperation::setInfile,
+                                            EOperation::getAnimationExtractor,
+                                            EOperation::seek,
+                                            EOperation::start,
+                                            EOperation::advance,
+                                            EOperation::getWidth,
+                                            EOperation::getHeight,
+                                            EOperation::createMessage,
+                                            EOperation::setMessageTarget};
+  ASSERT_GE(order.size(), expected.size());
+  order.resize(expected.size());
+  EXPECT_EQ(order, expected);
+  EXPECT_EQ(backend->GetGiven().contextKind, 2);
+  EXPECT_EQ(backend->GetGiven().messageKind, 1);
+}
+
+TEST_F(MovieExtraction, TellsTheBackendOfInterlacedPictures) {
+  const auto infile = TenSecondMovie()->CreateInfile(25);
+  infile->interlace = true;
+  const auto animation = orlo::makeObject<CMovieAnimation>(infile, nullptr, CMovieAnimationSettings{});
+  EXPECT_TRUE(Extract(*animation));
+  EXPECT_TRUE(backend->GetGiven().interlace);
+}
+
 TEST_F(MovieExtraction, BoundsTheWidthThatNobodyAskedFor) {
   EXPECT_TRUE(Extract(*Animation()));
   EXPECT_EQ(backend->GetGiven().params.maxWidth, 400);
@@ -136,6 +168,55 @@ TEST_F(MovieExtraction, MeasuresTheDelayBetweenPictures) {
   EXPECT_EQ(animation->GetDelay(), 40) << "before the second picture nothing is known";
   EXPECT_TRUE(animation->Next());
   EXPECT_EQ(animation->GetDelay(), 100);
+}
+
+TEST_F(MovieExtraction, TellsTheDelayInWholeMilliseconds) {
+  const auto animation = Animation();
+  EXPECT_TRUE(animation->StartExtraction(30000, 1001, 0, 1, "", "", ""));
+  animation->Next();
+  animation->Next();
+  EXPECT_EQ(animation->GetDelay(), 33);
+}
+
+TEST_F(MovieExtraction, MeasuresNoDelayWhereNoPictureComes) {
+  backend->SetPictures(1);
+  const auto animation = Animation();
+  EXPECT_TRUE(animation->StartExtraction(10, 1, 0, 1, "", "", ""));
+  for (int call = 0; call < 3; ++call) EXPECT_FALSE(animation->Next());
+  EXPECT_EQ(animation->GetDelay(), 40);
+}
+
+TEST_F(MovieExtraction, ForgetsTheDelayWhenItBeginsAgain) {
+  const auto animation = Animation();
+  EXPECT_TRUE(animation->StartExtraction(10, 1, 0, 1, "", "", ""));
+  animation->Next();
+  animation->Next();
+  EXPECT_EQ(animation->GetDelay(), 100);
+  backend->Block(EOperation::getAnimationExtractor);
+  animation->Start();
+  EXPECT_EQ(animation->GetDelay(), 40);
+  backend->LetGo(EOperation::getAnimationExtractor);
+  EXPECT_TRUE(CWorkerThread::WaitForNone(kLongestWait));
+  EXPECT_TRUE(animation->StartExtraction(5, 1, 0, 1, "", "", ""));
+  animation->Next();
+  EXPECT_EQ(animation->GetDelay(), 40);
+  animation->Next();
+  EXPECT_EQ(animation->GetDelay(), 200);
+}
+
+TEST_F(MovieExtraction, HoldsWhatIsInUseThoughItCanNotBeClosed) {
+  const auto animation = Animation();
+  EXPECT_TRUE(Extract(*animation));
+  backend->Throw(EOperation::close, EError::standard);
+  backend->Block(EOperation::createMessage);
+  std::thread driver([&] { animation->NewThread(); });
+  EXPECT_TRUE(backend->WaitForBlocked(EOperation::createMessage));
+  const int living = backend->GetLiving();
+  animation->Stop();
+  EXPECT_TRUE(CWorkerThread::WaitForNone(kLongestWait));
+  EXPECT_EQ(backend->GetLiving(), living) << "taken from under the driver";
+  backend->LetGo(EOperation::createMessage);
+  driver.join();
 }
 
 TEST_F(MovieExtraction, NumbersThePicturesThatItShows) {

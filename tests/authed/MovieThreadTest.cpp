@@ -109,6 +109,30 @@ TEST_F(MovieThread, BeginsAtItsTime) {
   EXPECT_EQ(backend->GetGiven().seekMode, 1);
 }
 
+TEST_F(MovieThread, CallsTheBackendInAFixedOrder) {
+  CMovieAnimationSettings settings;
+  settings.startTime = 3;
+  const auto animation = Animation(settings);
+  animation->SetFast(true);
+  Start(*animation);
+  EXPECT_TRUE(WaitUntilStarted(*animation));
+  const std::vector<EOperation> expected = {EOperation::createContext,
+                                            EOperation::setInfile,
+                                            EOperation::getAnimationExtractor,
+                                            EOperation::seek,
+                                            EOperation::start,
+                                            EOperation::setSpeed,
+                                            EOperation::createMessage,
+                                            EOperation::setMessageTarget,
+                                            EOperation::start,
+                                            EOperation::getWidth,
+                                            EOperation::getHeight};
+  EXPECT_EQ(backend->GetOrder(), expected);
+  EXPECT_EQ(backend->GetGiven().contextKind, 2);
+  EXPECT_EQ(backend->GetGiven().messageKind, 1);
+  EXPECT_EQ(backend->GetGiven().reserved, 0);
+}
+
 TEST_F(MovieThread, PlaysAtHalfTheSpeedIfItIsToBeFast) {
   const auto animation = Animation();
   animation->SetFast(true);
@@ -335,6 +359,20 @@ TEST_F(MovieThread, IsAbortedAtTheEndOfTheProcess) {
         const auto playing = Animation();
         Extract(*playing);
         backend->Block(EOperation::start);
+        const auto opening = Animation();
+        Start(*opening);
+        backend->WaitForBlocked(EOperation::start);
+        std::exit(3);
+      },
+      testing::ExitedWithCode(3), "");
+}
+
+TEST_F(MovieThread, ThatCanNotBeAbortedDoesNotBreakTheEndOfTheProcess) {
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  EXPECT_EXIT(
+      {
+        backend->Block(EOperation::start);
+        backend->Throw(EOperation::close, EError::standard);
         const auto opening = Animation();
         Start(*opening);
         backend->WaitForBlocked(EOperation::start);

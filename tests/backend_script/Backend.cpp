@@ -172,14 +172,22 @@ EXPORTED script::IScript* Script_get() {
 }
 
 #ifndef LACKS_createMessage
-EXPORTED IMessage* VANTRA_CALL Vantra_createMessage(std::int32_t) {
+EXPORTED IMessage* VANTRA_CALL Vantra_createMessage(std::int32_t kind) {
+  {
+    const std::lock_guard guard(Script().lock);
+    Script().given.messageKind = kind;
+  }
   Script().Enter(EOperation::createMessage);
   return Script().GivesNull(EOperation::createMessage) ? nullptr : new CMessage;
 }
 #endif
 
 #ifndef LACKS_createContext
-EXPORTED IContext* VANTRA_CALL Vantra_createContext(void*, std::int32_t) {
+EXPORTED IContext* VANTRA_CALL Vantra_createContext(void*, std::int32_t kind) {
+  {
+    const std::lock_guard guard(Script().lock);
+    Script().given.contextKind = kind;
+  }
   Script().Enter(EOperation::createContext);
   return Script().GivesNull(EOperation::createContext) ? nullptr : new CContext;
 }

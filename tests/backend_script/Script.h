@@ -35,6 +35,8 @@ enum class EError { none, vantra, rop, sul, orlo, standard, unknown };
 
 /// What the extractors have been given, the last one each.
 struct CGiven {
+  std::int32_t contextKind = -1;
+  std::int32_t messageKind = -1;
   std::string infile;
   bool interlace = true;
   /// The pointers are null: the texts follow.
@@ -81,6 +83,8 @@ public:
   virtual bool WaitForBlocked(EOperation operation, int count = 1) = 0;
 
   virtual int GetCalls(EOperation operation) = 0;
+  /// The calls since Reset in their order, the first hundred of them.
+  virtual std::vector<EOperation> GetOrder() = 0;
   /// Whether there were so many calls before long.
   virtual bool WaitForCalls(EOperation operation, int count) = 0;
   /// Of the library's objects, how many there are.

@@ -21,6 +21,8 @@ using CGuard = std::unique_lock<std::mutex>;
 /// A test that waits longer has failed, however busy the machine is.
 constexpr std::chrono::seconds kLongestWait{60};
 
+constexpr std::size_t kLongestOrder = 100;
+
 template <class Interface>
 class TError : public orlo::CObject, public virtual Interface {};
 
@@ -99,6 +101,7 @@ CScript::CScript() {
 void CScript::Reset() {
   const CGuard guard(lock);
   for (COperation& operation : operations_) operation = {.blocked = operation.blocked};
+  order_.clear();
   pictures_ = {};
   lastError_ = 0;
   given = {};
@@ -157,6 +160,11 @@ int CScript::GetCalls(EOperation operation) {
   return Of(operation).calls;
 }
 
+std::vector<EOperation> CScript::GetOrder() {
+  const CGuard guard(lock);
+  return order_;
+}
+
 bool CScript::WaitForCalls(EOperation operation, int count) {
   CGuard guard(lock);
   return changed_.wait_for(guard, kLongestWait, [&] { return Of(operation).calls >= count; });
@@ -183,6 +191,7 @@ void CScript::Enter(EOperation operation, const bool* isClosed) {
     CGuard guard(lock);
     COperation& of = Of(operation);
     ++of.calls;
+    if (order_.size() < kLongestOrder) order_.push_back(operation);
     ++of.blocked;
     changed_.notify_all();
     changed_.wait(guard, [&] { return !of.blocks || (isClosed && *isClosed); });

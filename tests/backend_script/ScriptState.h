@@ -23,6 +23,7 @@ public:
   void LetGo(EOperation operation) override;
   bool WaitForBlocked(EOperation operation, int count) override;
   int GetCalls(EOperation operation) override;
+  std::vector<EOperation> GetOrder() override;
   bool WaitForCalls(EOperation operation, int count) override;
   int GetLiving() override;
   bool WaitForNoneLiving() override;
@@ -61,6 +62,7 @@ private:
 
   std::condition_variable changed_;
   std::array<COperation, static_cast<std::size_t>(EOperation::count)> operations_{};
+  std::vector<EOperation> order_;
   CPictures pictures_;
   std::int32_t lastError_ = 0;
   int living_ = 0;
