@@ -323,7 +323,7 @@ private:
         refused(node, "mirrors show mirrors more than " + std::to_string(maxMirrorDepth) + " deep");
       visit(node, *kind.form);
       findElementFaults(node, kind, content_.findings);
-      if (kind.name == "movie-image") findMovieImageFaults(node, movieOf(node), content_.findings);
+      if (kind.name == "movie-image") visitMovieImage(node);
       if (owner_.isAnimation) {
         findAnimationFaults(node, content_.findings);
         if (frameCountOf(node) > maxFrames) refused(node, "an animation has at most 100000 frames");
@@ -332,6 +332,23 @@ private:
       if (!file.empty()) content_.files.push_back({file, &node, unique});
     }
     owner_ = outer;
+  }
+
+  // One that the page plays must have a movie.
+  void visitMovieImage(const xmlNode& image) {
+    const xmlNode* movie = movieOf(image);
+    if (!isPlayed(image) || (movie && findProperty(*movie, "type") != "custom"))
+      return findMovieImageFaults(image, movie, content_.findings);
+    const std::string text = describe(image) + " has no <movie> to play";
+    error(image, text + "; the module refuses the page");
+    if (content_.movieless.line == 0) content_.movieless = {Finding::Level::error, lineOf(image), text};
+  }
+
+  // It stands in the page itself, or is what an action button of the page shows.
+  bool isPlayed(const xmlNode& image) const {
+    const xmlNode& parent = *image.parent;
+    return owner_.depth == 1 ||
+           (owner_.depth == 2 && sameName(nameOf(parent), "element") && firstElement(parent) == &image);
   }
 
   // The movie that an image shows, where it is written; null if there is none.

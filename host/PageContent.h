@@ -62,6 +62,9 @@ struct PageContent {
 
   // The first element of a type that nobody knows, and what is wrong with it; line 0 for none.
   Finding unknown;
+  // The first movie image that would play if it had a movie; line 0 for none. The module refuses it unless movies stand
+  // still.
+  Finding movieless;
   // The first line that the module may refuse; 0 for none.
   long refusedLine = 0;
 };

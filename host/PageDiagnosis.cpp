@@ -32,7 +32,7 @@ PageDiagnosis diagnose(const PageFile& page) {
   const PageContent content = readContent(*xmlDocGetRootElement(document.get()));
   if (content.unknown.line > 0) throw InputError(located(page.path, content.unknown.line, content.unknown.text));
   if (!content.size.isUsable()) throw InputError(located(page.path, content.size.line, content.size.fault()));
-  return {content.size.width, content.size.height, content.refusedLine};
+  return {content.size.width, content.size.height, content.refusedLine, content.movieless};
 }
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/Findings.h"
 #include "host/PageFile.h"
 #include "host/Size.h"
 
@@ -12,6 +13,8 @@ struct PageDiagnosis {
   double height = 0;
   // Line of the first element that the module may refuse; 0 for none.
   long doubtfulLine = 0;
+  // The first movie image that would play if it had a movie; line 0 for none.
+  Finding movieless{};
 
   double aspect() const { return width / height; }
   // A size for frames in the shape of the page, even in both directions.

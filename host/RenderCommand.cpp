@@ -120,6 +120,8 @@ private:
       const std::string text = described(error);
       if (!options_.movies || !opensWithoutMovies())
         throw InputError(located(options_.page, diagnosis_.doubtfulLine, text));
+      if (const Finding& image = diagnosis_.movieless; image.line > 0)
+        throw InputError(located(options_.page, image.line, image.text + "; --no-movies shows the page without it"));
       throw InputError(
           located(options_.page, text + ", so its movies cannot be played; --no-movies shows still pictures"));
     }

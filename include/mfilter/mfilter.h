@@ -75,7 +75,8 @@ MFILTER_API int32_t MFILTER_CALL mfilter_releaseInfoStore(void* handle);
  *   width, height          size of the frame in pixels
  *   duration               seconds
  *   frameratenum, framerateden
- *                          frames a second, as a fraction
+ *                          frames a second, as a fraction. Without them animations keep their first picture, and how
+ *                          fast movies are is left to the library that plays them
  *   basedirs.filter.uri, basedirs.animation.uri, basedirs.theme.uri
  *                          URIs of the folders that filters, movies and themes lie in which are named without one,
  *                          UTF-8

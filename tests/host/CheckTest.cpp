@@ -275,7 +275,9 @@ TEST(Check, LooksForThemesInTheirFolder) {
 }
 
 TEST(Check, TellsMoviesThatShowNothing) {
-  EXPECT_EQ(warnings(movieImage("")), "page.xml:4: warning: <animation> 'Trailer' has no <movie> and shows nothing\n");
+  EXPECT_EQ(warnings("<mirror><size width=\"16\" height=\"9\"/><graphic-document>" + movieImage("") +
+                     "</graphic-document></mirror>"),
+            "page.xml:4: warning: <animation> 'Trailer' has no <movie> and shows nothing\n");
   EXPECT_EQ(warnings(movieImage("<movie type=\"movie-file\"/>")),
             "page.xml:4: warning: <movie> has no <filename> with a \"name\" and shows nothing\n");
   EXPECT_EQ(warnings(movieImage("<movie type=\"edited-movie\"/>")),
@@ -286,6 +288,16 @@ TEST(Check, TellsMoviesThatShowNothing) {
       errors(
           movieImage("<movie type=\"slideshow\"><vantra.xml>" + host::toBase64("<film/>") + "</vantra.xml></movie>")),
       "page.xml:4: error: <vantra.xml> of <animation> 'Trailer' is no timeline: its root is <film>, not <infile>\n");
+}
+
+TEST(Check, RefusesImagesWithoutAMovieToPlay) {
+  const std::string refused =
+      "page.xml:4: error: <animation> 'Trailer' has no <movie> to play; the module refuses the page\n";
+  EXPECT_EQ(errors(movieImage("")), refused);
+  EXPECT_THAT(errors(movieImage("<movie type=\"custom\"/>")), HasSubstr(refused));
+  EXPECT_THAT(errors("<state-button type-name=\"authed-state-button-action\"><element>" + movieImage("") +
+                     "</element></state-button>"),
+              HasSubstr(refused));
 }
 
 TEST(Check, RefusesMoviesOfUnknownTypes) {

@@ -72,6 +72,17 @@ TEST(Movie, OffersNothingWhereItWouldNotHelp) {
   EXPECT_EQ(outcome.errors.find("--no-movies"), std::string::npos) << outcome.errors;
 }
 
+TEST(Movie, ThatIsMissingInAnImageIsOneLineThatNamesTheImage) {
+  const Folder folder;
+  folder.write("page.xml", page(movie("a.mkv") + "<animation type-name=\"movie-image\" name=\"Trailer\"/>"));
+  const std::vector<std::string> size = {"page.xml", "--size", "64x36", "-o", "out.png"};
+  const Outcome outcome = render(folder.path(), size);
+  EXPECT_EQ(outcome.exitCode, 1);
+  EXPECT_EQ(outcome.errors,
+            "page.xml:4: <animation> 'Trailer' has no <movie> to play; --no-movies shows the page without it\n");
+  EXPECT_EQ(render(folder.path(), {"page.xml", "--size", "64x36", "--no-movies", "-o", "out.png"}).exitCode, 0);
+}
+
 TEST(Movie, PlaysFromTheFolderOfThePage) {
   const Folder folder;
   test::makeMedia(folder, "-f lavfi -i color=c=0x0000ff:s=32x18:r=25,format=gbrp -frames:v 5 -c:v ffv1 -pix_fmt bgr0",
