@@ -337,6 +337,8 @@ private:
   // One that the page plays must have a movie.
   void visitMovieImage(const xmlNode& image) {
     const xmlNode* movie = movieOf(image);
+    if (owner_.depth > 2 && owner_.mirrors == 0 && owner_.unique == 0 && isInButton(image))
+      warning(image, describe(image) + " does not play in a button that lies in another one");
     if (!isPlayed(image) || (movie && findProperty(*movie, "type") != "custom"))
       return findMovieImageFaults(image, movie, content_.findings);
     const std::string text = describe(image) + " has no <movie> to play";
@@ -345,10 +347,10 @@ private:
   }
 
   // It stands in the page itself, or is what an action button of the page shows.
-  bool isPlayed(const xmlNode& image) const {
-    const xmlNode& parent = *image.parent;
-    return owner_.depth == 1 ||
-           (owner_.depth == 2 && sameName(nameOf(parent), "element") && firstElement(parent) == &image);
+  bool isPlayed(const xmlNode& image) const { return owner_.depth == 1 || (owner_.depth == 2 && isInButton(image)); }
+
+  static bool isInButton(const xmlNode& element) {
+    return sameName(nameOf(*element.parent), "element") && firstElement(*element.parent) == &element;
   }
 
   // The movie that an image shows, where it is written; null if there is none.

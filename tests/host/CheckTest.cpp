@@ -300,6 +300,19 @@ TEST(Check, RefusesImagesWithoutAMovieToPlay) {
               HasSubstr(refused));
 }
 
+TEST(Check, TellsMoviesInButtonsWithinButtons) {
+  const Folder folder;
+  folder.write("sea.mp4", "");
+  const std::string start = "<state-button type-name=\"authed-state-button-action\"><element>";
+  const std::string end = "</element></state-button>";
+  const std::string trailer = movieImage("<movie type=\"movie-file\"><filename path=\"\" name=\"sea.mp4\"/></movie>");
+  const std::string told = "'Trailer' does not play in a button that lies in another one\n";
+  folder.write("one.xml", page(start + trailer + end));
+  folder.write("two.xml", page(start + start + trailer + end + end));
+  EXPECT_EQ(check(folder, "one.xml").output.find(told), std::string::npos);
+  EXPECT_THAT(check(folder, "two.xml").output, HasSubstr("two.xml:4: warning: <animation> " + told));
+}
+
 TEST(Check, RefusesMoviesOfUnknownTypes) {
   EXPECT_EQ(errors(movieImage("<movie/>")),
             "page.xml:4: error: <movie> has no \"type\"; the module refuses the page\n");
