@@ -1,7 +1,7 @@
 #include "authed/data/Thumbnail.h"
 
 #include "graphics/geometry/Truncate.h"
-#include "graphics/paint/EffectGraphicsContext.h"
+#include "graphics/paint/PixelGrid.h"
 #include "graphics/paint/PixelRange.h"
 
 #include <wx/brush.h>
@@ -15,17 +15,6 @@ namespace authed::data {
 using namespace graphics;
 
 namespace {
-
-bool IsWhole(double number) {
-  return number == std::round(number);
-}
-
-/// Whole numbers of the context's units are edges of pixels.
-bool LiesOnPixels(const TEffectGraphicsContext& context) {
-  double a = 0, b = 0, c = 0, d = 0, tx = 0, ty = 0;
-  context.GetTransform().Get(&a, &b, &c, &d, &tx, &ty);
-  return a == 1 && b == 0 && c == 0 && d == 1 && IsWhole(tx) && IsWhole(ty);
-}
 
 bool IsNearly(double length, int pixels) {
   return std::abs(length - pixels) < 1;

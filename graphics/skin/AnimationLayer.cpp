@@ -8,13 +8,13 @@
 #include "graphics/paint/EffectDC.h"
 #include "graphics/paint/ImagePainter.h"
 #include "graphics/paint/MaskPictures.h"
+#include "graphics/paint/PixelGrid.h"
 #include "graphics/paint/PixelRange.h"
 #include "graphics/skin/AnimationSource.h"
 #include "graphics/skin/Offscreen.h"
 
 #include <wx/filename.h>
 
-#include <cmath>
 #include <cstddef>
 
 namespace graphics::skin {
@@ -39,10 +39,6 @@ std::unique_ptr<wxBitmap> CopyOf(const wxBitmap& bitmap) {
   return bitmap.IsOk() ? std::make_unique<wxBitmap>(bitmap) : nullptr;
 }
 
-bool IsWhole(double number) {
-  return number == std::round(number);
-}
-
 CDoubleRect RectIn(const wxRect& rect) {
   return {static_cast<double>(rect.x), static_cast<double>(rect.y), static_cast<double>(rect.width),
           static_cast<double>(rect.height)};
@@ -53,9 +49,7 @@ bool MayKeep(const TEffectGraphicsContext& target, const wxSize& size, const wxB
              const CMargins& margins) {
   if (target.alphaMask || !HasExtent(size) || !FitsOffscreen(size) || size == bitmap.GetSize()) return false;
   if (margins.left != 0 || margins.top != 0 || margins.right != 0 || margins.bottom != 0) return false;
-  double a = 0, b = 0, c = 0, d = 0, tx = 0, ty = 0;
-  target.GetTransform().Get(&a, &b, &c, &d, &tx, &ty);
-  return a == 1 && b == 0 && c == 0 && d == 1 && IsWhole(tx) && IsWhole(ty);
+  return LiesOnPixels(target);
 }
 
 }  // namespace
