@@ -61,6 +61,18 @@ TEST_F(MovieExtraction, ShowsOnePictureAfterTheOther) {
   EXPECT_FALSE(animation->Next());
 }
 
+TEST_F(MovieExtraction, HasItsStillPictureFirst) {
+  EXPECT_EQ(Animation()->GetFirstFrame(), nullptr);
+  wxBitmap still = PictureOf(4, 3, {10, 20, 30, 255});
+  const auto animation = Animation({}, &still);
+  still = wxNullBitmap;
+  ASSERT_NE(animation->GetFirstFrame(), nullptr);
+  EXPECT_EQ(animation->GetFirstFrame()->GetSize(), wxSize(4, 3));
+  EXPECT_EQ(PixelIn(*animation->GetFirstFrame(), 3, 2), (CBytes{10, 20, 30, 255}));
+  EXPECT_TRUE(Extract(*animation));
+  EXPECT_EQ(animation->GetFirstFrame()->GetSize(), wxSize(4, 3)) << "it is kept while the movie plays";
+}
+
 TEST_F(MovieExtraction, TellsTheBackendWhatToPlay) {
   CMovieAnimationSettings settings;
   settings.width = 320;

@@ -266,6 +266,29 @@ TEST_F(MovieThread, KeepsToTheStillPictureWhenNothingCanBeOpened) {
   EXPECT_TRUE(WaitUntilStarted(*animation)) << "the next attempt is a new one";
 }
 
+TEST_F(MovieThread, StopsWhatPlaysWhenItsSuccessorIsNone) {
+  const auto animation = Animation();
+  Start(*animation);
+  EXPECT_TRUE(WaitUntilStarted(*animation));
+  EXPECT_TRUE(animation->Next());
+  backend->GiveNull(EOperation::getAnimationExtractor);
+  Start(*animation);
+  EXPECT_TRUE(CWorkerThread::WaitForNone(kLongestWait));
+  EXPECT_FALSE(animation->IsStarted());
+  EXPECT_EQ(animation->GetCurrentFrame(), nullptr);
+}
+
+TEST_F(MovieThread, PlaysOnWhenItsSuccessorCanNotBeOpened) {
+  const auto animation = Animation();
+  Start(*animation);
+  EXPECT_TRUE(WaitUntilStarted(*animation));
+  backend->Throw(EOperation::getAnimationExtractor, EError::vantra);
+  Start(*animation);
+  EXPECT_TRUE(CWorkerThread::WaitForNone(kLongestWait));
+  EXPECT_TRUE(animation->IsStarted());
+  EXPECT_TRUE(animation->Next());
+}
+
 TEST_F(MovieThread, EndsWithoutAWordWhateverTheBackendThrows) {
   CMovieAnimationSettings settings;
   settings.startTime = 1;
