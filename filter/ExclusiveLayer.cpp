@@ -121,8 +121,8 @@ void CExclusiveLayer::Open(const wxString& filterDir, const wxString& animationD
 }
 
 void CExclusiveLayer::Close() {
-  const graphics::CToolkitLock lock;
   for (const auto& movie : movieAnimations_) movie->Stop();
+  const graphics::CToolkitLock lock;
   for (const auto& animation : animations_) animation->Stop();
 }
 
