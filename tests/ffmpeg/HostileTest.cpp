@@ -5,9 +5,11 @@
 #include <cstdlib>
 #include <filesystem>
 #include <random>
+#include <string>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 using namespace vantra;
 using testing::HasSubstr;
@@ -166,12 +168,23 @@ TEST(Hostile, MutatedMoviesDoNoHarm) {
   const char* const wanted = std::getenv("MFILTER_MUTATIONS");
   const int rounds = wanted ? std::atoi(wanted) : 4;
   std::mt19937 random(wanted ? std::random_device()() : 1);
-  for (const char* kind :
-       {"h264.mp4", "mpeg2.mpg", "gif.gif", "vp9.webm", "apng.png", "h264.ts", "mjpeg.mov", "mpeg4.avi"}) {
-    const std::string name = kind;
-    const std::string encoding = name == "mpeg2.mpg" ? "-c:v mpeg2video -b:v 2M -bf 2 -f vob" : "";
-    const std::string movie =
-        Movie("mutant-" + name, NumberedFrames("25", 10) + " " + encoding + (name == "apng.png" ? " -f apng" : ""));
+  const std::pair<std::string, std::string> kinds[] = {
+      {"h264.mp4", ""},
+      {"hevc.mp4", "-c:v libx265 -preset ultrafast -x265-params log-level=none"},
+      {"av1.mkv", "-c:v libaom-av1 -cpu-used 8 -usage realtime -b:v 1M"},
+      {"vp9.webm", ""},
+      {"mpeg2.mpg", "-c:v mpeg2video -b:v 2M -bf 2 -f vob"},
+      {"h264.ts", ""},
+      {"mjpeg.mov", ""},
+      {"mpeg4.avi", ""},
+      {"flv.flv", ""},
+      {"raw.h264", ""},
+      {"gif.gif", ""},
+      {"apng.png", "-f apng"},
+      {"still.webp", "-frames:v 1"},
+      {"still.jpg", "-frames:v 1"}};
+  for (const auto& [name, encoding] : kinds) {
+    const std::string movie = Movie("mutant-" + name, NumberedFrames("25", 10) + " " + encoding);
     if (movie.empty()) continue;
     const std::string bytes = BytesOf(movie);
     for (int round = 0; round < rounds; ++round) {
