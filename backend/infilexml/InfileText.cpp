@@ -18,7 +18,7 @@ public:
     XML_SetUserData(parser_, this);
     XML_SetElementHandler(
         parser_, [](void* self, const XML_Char* name, const XML_Char** pairs) { Self(self).Start(name, pairs); },
-        [](void* self, const XML_Char*) { Self(self).open_.pop_back(); });
+        [](void* self, const XML_Char*) { Self(self).End(); });
     // Both can make little text mean very much.
     XML_SetEntityDeclHandler(
         parser_, [](void* self, const XML_Char*, int, const XML_Char*, int, const XML_Char*, const XML_Char*,
@@ -52,6 +52,11 @@ private:
     else
       open_.back()->LinkEndChild(element.release());
     open_.push_back(added);
+  }
+
+  /// Also of an empty element that reading was stopped at.
+  void End() {
+    if (!open_.empty()) open_.pop_back();
   }
 
   void Stop(const char* limit) {
